@@ -1,0 +1,52 @@
+# Options and the compiler settings that all targets of this project share.
+
+set(PANOREL_ROBOT_HOME "/home/karvel" CACHE STRING "Home folder of the robot's user")
+set(PANOREL_HOST_TARGET "" CACHE STRING "Existing target to use as Panorel::host")
+option(PANOREL_BUILD_SIMULATOR "Build the robot on a desk" ${PANOREL_TOP_LEVEL})
+option(PANOREL_BUILD_EXAMPLES "Build the numbered examples" ${PANOREL_TOP_LEVEL})
+option(PANOREL_BUILD_TESTS "Build the tests" ${PANOREL_TOP_LEVEL})
+option(PANOREL_WERROR "Treat warnings as errors" OFF)
+set(PANOREL_SANITIZE "" CACHE STRING "Sanitizers to build with, such as address,undefined")
+
+if(PANOREL_BUILD_TESTS AND NOT PANOREL_BUILD_SIMULATOR)
+  message(FATAL_ERROR "The tests need the simulator: set PANOREL_BUILD_SIMULATOR to ON, "
+    "or PANOREL_BUILD_TESTS to OFF.")
+endif()
+
+# Link this privately to every target of the project; it never reaches a user's target.
+add_library(panorel-build-options INTERFACE)
+target_compile_features(panorel-build-options INTERFACE cxx_std_17)
+target_compile_definitions(panorel-build-options INTERFACE
+  QT_NO_KEYWORDS
+  QT_NO_CAST_TO_ASCII
+  QT_NO_CAST_FROM_BYTEARRAY
+  QT_NO_URL_CAST_FROM_STRING
+  QT_DEPRECATED_WARNINGS
+  QT_MESSAGELOGCONTEXT
+)
+target_compile_options(panorel-build-options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
+  -Wdouble-promotion -Wformat=2 -Wimplicit-fallthrough)
+if(PANOREL_WERROR)
+  target_compile_options(panorel-build-options INTERFACE -Werror)
+endif()
+if(PANOREL_SANITIZE)
+  # Every violation ends the program, so that none passes unseen in a green test.
+  target_compile_options(panorel-build-options INTERFACE
+    -fsanitize=${PANOREL_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(panorel-build-options INTERFACE -fsanitize=${PANOREL_SANITIZE})
+endif()
+
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+if(PANOREL_TOP_LEVEL)
+  find_program(PANOREL_CCACHE ccache)
+  mark_as_advanced(PANOREL_CCACHE)
+  if(PANOREL_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${PANOREL_CCACHE})
+  endif()
+  set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+  set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+  set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+endif()

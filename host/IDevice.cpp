@@ -1,0 +1,7 @@
+#include "host/IDevice.h"
+
+IDevice::IDevice(QObject *parent)
+    : QObject(parent)
+{ }
+
+IDevice::~IDevice() = default;

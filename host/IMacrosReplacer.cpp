@@ -1,0 +1,7 @@
+#include "host/IMacrosReplacer.h"
+
+IMacrosReplacer::IMacrosReplacer(QObject *parent)
+    : QObject(parent)
+{ }
+
+IMacrosReplacer::~IMacrosReplacer() = default;

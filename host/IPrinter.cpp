@@ -1,0 +1,7 @@
+#include "host/IPrinter.h"
+
+IPrinter::IPrinter(QObject *parent)
+    : IDevice(parent)
+{ }
+
+IPrinter::~IPrinter() = default;

@@ -1,0 +1,7 @@
+#include "host/IUsersDatabase.h"
+
+IUsersDatabase::IUsersDatabase(QObject *parent)
+    : QObject(parent)
+{ }
+
+IUsersDatabase::~IUsersDatabase() = default;
