@@ -1,0 +1,7 @@
+#include "panorel/MessageHandler.h"
+
+namespace panorel {
+
+MessageHandler::~MessageHandler() = default;
+
+} // namespace panorel

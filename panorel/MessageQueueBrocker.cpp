@@ -1,0 +1,7 @@
+#include "panorel/MessageQueueBrocker.h"
+
+namespace panorel {
+
+MessageQueueBrocker::~MessageQueueBrocker() = default;
+
+} // namespace panorel

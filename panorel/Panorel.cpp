@@ -1,0 +1,105 @@
+#include "panorel/Panorel.h"
+
+#include "panorel/MessageQueueBrocker.h"
+#include "panorel/PanorelMessageHandler.h"
+#include "panorel/PanorelQuestionHandler.h"
+#include "panorel/Panorel_p.h"
+#include "panorel/ReplicContext.h"
+#include "panorel/RobotPaths.h"
+#include "panorel/handlers/InteractionHandler.h"
+#include "panorel/handlers/LanguageHandler.h"
+#include "panorel/handlers/LogEventHandler.h"
+#include "panorel/handlers/OperatorCallHandler.h"
+#include "panorel/handlers/ScriptControlHandler.h"
+#include "panorel/handlers/StatisticEventHandler.h"
+
+#include "host/KarvelDialogModule.h"
+
+#include <QUrl>
+#include <QWebEnginePage>
+#include <QWebEngineProfile>
+#include <QWebEngineView>
+
+#include <utility>
+
+namespace panorel {
+
+namespace {
+
+StatisticEventHandler *createStatisticEventHandler(const QString &periodicity)
+{
+    auto *handler = new StatisticEventHandler(paths::statisticDirectory());
+    handler->setPeriodicity(periodicity);
+    return handler;
+}
+
+} // namespace
+
+Panorel::Panorel(QWidget *parent)
+    : Panorel(*new PanorelPrivate, parent)
+{ }
+
+Panorel::Panorel(PanorelPrivate &dd, QWidget *parent)
+    : QWidget(parent)
+    , d(&dd)
+{
+    d->q = this;
+    d->init();
+}
+
+Panorel::~Panorel() { delete d; }
+
+MessageQueueBrocker *Panorel::brocker() const { return d->brocker; }
+
+void Panorel::defaultHandlers(PluginInterface *plugin, KarvelDialogModule *dialog)
+{
+    if (!d->context)
+        d->context = new ReplicContext(plugin);
+    d->brocker->clear();
+    d->context->clear();
+
+    // The former question handler may be emitting right now, so it goes later.
+    PanorelQuestionHandler *const formerQuestionHandler = d->questionHandler;
+    d->questionHandler = new PanorelQuestionHandler(d->brocker, this);
+    if (dialog)
+        dialog->setQuestionHandler(d->questionHandler);
+    if (formerQuestionHandler)
+        formerQuestionHandler->deleteLater();
+
+    // The registry: one line for each handler, in the order in which they are subscribed.
+    const auto add = [this](auto *handler) { registerEventHandler(handler->topic(), handler); };
+    add(new LogEventHandler);
+    add(createStatisticEventHandler(d->statisticPeriodicity));
+    add(new InteractionHandler(plugin, d->brocker));
+    add(new ScriptControlHandler(plugin, d->brocker));
+    add(new LanguageHandler(plugin));
+    add(new OperatorCallHandler(plugin));
+
+    // Last and subscribed by itself: on each topic of the page it runs after every other handler.
+    new PanorelMessageHandler(d->proxy);
+}
+
+void Panorel::registerEventHandler(const QString &topic, MessageHandler *handler)
+{
+    d->brocker->subscribe(topic, handler);
+}
+
+void Panorel::registerEventHandler(const QString &topic, std::function<void(Message)> function)
+{
+    d->brocker->subscribe(topic, std::move(function));
+}
+
+void Panorel::setStatisticPeriodicity(const QString &periodicity)
+{
+    d->statisticPeriodicity = periodicity;
+}
+
+void Panorel::load(const QString &url, const QString &, bool)
+{
+    QWebEngineProfile *const profile = d->view->page()->profile();
+    profile->clearAllVisitedLinks();
+    profile->clearHttpCache();
+    d->view->load(QUrl(url));
+}
+
+} // namespace panorel

@@ -1,0 +1,146 @@
+#include "panorel/PanorelQueueBrocker.h"
+
+#include "panorel/Constants.h"
+#include "panorel/FunctionalHandler.h"
+#include "panorel/Logging.h"
+
+#include <QSet>
+
+#include <utility>
+
+namespace panorel {
+
+namespace {
+
+/// Deletes handlers with itself. Handed to deleteLater(), it outlives every signal and every nested
+/// event loop that is running now.
+class RetiredHandlers : public QObject
+{
+public:
+    RetiredHandlers(const QList<MessageHandler *> &handlers, QObject *parent)
+        : QObject(parent)
+        , m_handlers(handlers)
+    { }
+
+    ~RetiredHandlers() override { qDeleteAll(m_handlers); }
+
+private:
+    const QList<MessageHandler *> m_handlers;
+};
+
+bool isFaceReport(const Message &message)
+{
+    if (message.type() != constants::GENERAL_TOUCH)
+        return false;
+    const QVariantMap attributes = message.attributes();
+    return attributes.contains(QStringLiteral("rect"))
+        || attributes.contains(QStringLiteral("info"));
+}
+
+/// Each handler of the table once, without the null ones.
+QList<MessageHandler *> distinctHandlers(const QMap<QString, QList<MessageHandler *>> &table)
+{
+    QList<MessageHandler *> handlers;
+    QSet<MessageHandler *> seen{nullptr};
+    for (const QList<MessageHandler *> &subscribed : table) {
+        for (MessageHandler *handler : subscribed) {
+            if (seen.contains(handler))
+                continue;
+            seen.insert(handler);
+            handlers.append(handler);
+        }
+    }
+    return handlers;
+}
+
+} // namespace
+
+/// Marks a delivery; the end of the outermost one retires the handlers that were cleared in it.
+class PanorelQueueBrocker::DeliveryScope
+{
+public:
+    explicit DeliveryScope(PanorelQueueBrocker *brocker)
+        : m_brocker(brocker)
+    {
+        ++m_brocker->m_deliveries;
+    }
+
+    ~DeliveryScope()
+    {
+        if (--m_brocker->m_deliveries == 0 && !m_brocker->m_cleared.isEmpty())
+            m_brocker->retire(std::exchange(m_brocker->m_cleared, {}));
+    }
+
+private:
+    Q_DISABLE_COPY(DeliveryScope)
+
+    PanorelQueueBrocker *const m_brocker;
+};
+
+PanorelQueueBrocker::PanorelQueueBrocker() = default;
+
+PanorelQueueBrocker::~PanorelQueueBrocker()
+{
+    const QObjectList retired = m_retired.children();
+    qDeleteAll(retired);
+    // Repeated because a handler's destructor may subscribe another one.
+    while (!m_handlers.isEmpty())
+        clear();
+}
+
+void PanorelQueueBrocker::publish(const Message &message)
+{
+    if (!isFaceReport(message))
+        qCDebug(lcPanorel) << message.toJson();
+
+    const auto subscribed = m_handlers.constFind(message.type());
+    if (subscribed == m_handlers.constEnd())
+        return;
+
+    const QList<MessageHandler *> snapshot = *subscribed;
+    const DeliveryScope delivery(this);
+    for (MessageHandler *handler : snapshot) {
+        if (handler)
+            handler->handle(message);
+    }
+}
+
+void PanorelQueueBrocker::subscribe(QString topic, MessageHandler *handler)
+{
+    qCDebug(lcPanorel) << "Subsctribe default handler" << topic;
+    m_handlers[topic].append(handler);
+}
+
+void PanorelQueueBrocker::subscribe(QString topic, std::function<void(Message)> function)
+{
+    qCDebug(lcPanorel) << "Subsctribe functional handler" << topic;
+    subscribe(topic, new FunctionalHandler(std::move(function)));
+}
+
+void PanorelQueueBrocker::unSubscribe(QString topic, MessageHandler *handler)
+{
+    const auto subscribed = m_handlers.find(topic);
+    if (subscribed != m_handlers.end())
+        subscribed->removeOne(handler);
+}
+
+void PanorelQueueBrocker::clear()
+{
+    if (m_handlers.isEmpty())
+        return;
+
+    qCDebug(lcPanorel) << "Delete handlers";
+    // The table goes first: a handler that publishes while it is deleted reaches nobody.
+    const QList<MessageHandler *> handlers = distinctHandlers(std::exchange(m_handlers, {}));
+    if (m_deliveries > 0)
+        m_cleared += handlers;
+    else
+        qDeleteAll(handlers);
+}
+
+void PanorelQueueBrocker::retire(const QList<MessageHandler *> &handlers)
+{
+    (new RetiredHandlers(handlers, &m_retired))->deleteLater();
+}
+
+} // namespace panorel

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "panorel/Export.h"
+#include "panorel/MessageQueueBrocker.h"
+
+#include <QList>
+#include <QMap>
+#include <QObject>
+#include <QString>
+
+namespace panorel {
+
+/// The bus of one widget: a synchronous publish/subscribe table. There is no queue, in spite of
+/// the name, and no thread hop.
+///
+/// Handlers may do anything to the broker while they run. A running delivery always reaches every
+/// handler of its snapshot; handlers cleared meanwhile stay alive until the outermost delivery has
+/// ended and the event loop has turned, so that none dies inside its own code or its own signal.
+/// Only deleting the broker itself has to wait until no delivery is running.
+class PANOREL_EXPORT PanorelQueueBrocker : public MessageQueueBrocker
+{
+public:
+    PanorelQueueBrocker();
+
+    /// Deletes every handler, those included that still wait for the event loop.
+    ~PanorelQueueBrocker() override;
+
+    /// Also writes the message's JSON to the log (debug, "panorel"), except a
+    /// "system.general.touch" with "rect" or "info": face reports are large and frequent.
+    void publish(const Message &message) override;
+    void subscribe(QString topic, MessageHandler *handler) override;
+    void subscribe(QString topic, std::function<void(Message)> function) override;
+    void unSubscribe(QString topic, MessageHandler *handler) override;
+
+    /// Outside a delivery the handlers are deleted before this returns.
+    void clear() override;
+
+private:
+    class DeliveryScope;
+
+    void retire(const QList<MessageHandler *> &handlers);
+
+    QMap<QString, QList<MessageHandler *>> m_handlers;
+    int m_deliveries = 0;
+    QList<MessageHandler *> m_cleared; // during the running delivery
+    QObject m_retired; // parent of what waits for the event loop
+};
+
+} // namespace panorel

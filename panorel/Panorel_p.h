@@ -1,0 +1,49 @@
+#pragma once
+
+#include "panorel/Export.h"
+
+#include <QPointer>
+#include <QString>
+
+class QWebChannel;
+class QWebEngineView;
+
+namespace panorel {
+
+class MessageQueueBrocker;
+class Panorel;
+class PanorelProxy;
+class PanorelQuestionHandler;
+class ReplicContext;
+
+/// The widget's private part. A subclass of the widget may bring one that extends it.
+class PANOREL_EXPORT PanorelPrivate
+{
+public:
+    PanorelPrivate() = default;
+
+    /// Deletes the bus, with it every handler, and then the replica context. The proxy stays, cut
+    /// off from the bus, until the widget deletes its children.
+    virtual ~PanorelPrivate();
+
+    /// Builds view, channel, bus, proxy and layout. Called once, when the back pointer is set.
+    void init();
+
+    QWebChannel *channel = nullptr; // child of the view's page
+    QWebEngineView *view = nullptr; // child of the widget
+    Panorel *q = nullptr;
+    QString statisticPeriodicity;
+    MessageQueueBrocker *brocker = nullptr; // owned
+    PanorelProxy *proxy = nullptr; // child of the widget
+    ReplicContext *context = nullptr; // owned; made by the first defaultHandlers()
+    QPointer<PanorelQuestionHandler> questionHandler; // child of the widget
+
+protected:
+    /// Makes the bus. Override to bring one that does more, for example records what it delivers.
+    virtual MessageQueueBrocker *createBrocker();
+
+private:
+    Q_DISABLE_COPY(PanorelPrivate)
+};
+
+} // namespace panorel

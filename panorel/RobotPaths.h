@@ -1,0 +1,16 @@
+#pragma once
+
+#include "panorel/Export.h"
+
+#include <QString>
+
+/// Where the library's files lie: below the home folder of the robot's user, which is fixed when
+/// the library is built (CMake setting PANOREL_ROBOT_HOME).
+namespace panorel {
+namespace paths {
+
+/// Root of the statistics files, with a separator at its end.
+PANOREL_EXPORT QString statisticDirectory();
+
+} // namespace paths
+} // namespace panorel
