@@ -85,7 +85,7 @@ PanorelQueueBrocker::~PanorelQueueBrocker()
     qDeleteAll(retired);
     // Repeated because a handler's destructor may subscribe another one.
     while (!m_handlers.isEmpty())
-        clear();
+        PanorelQueueBrocker::clear();
 }
 
 void PanorelQueueBrocker::publish(const Message &message)
@@ -97,6 +97,8 @@ void PanorelQueueBrocker::publish(const Message &message)
     if (subscribed == m_handlers.constEnd())
         return;
 
+    // A copy: handlers may change the table while they run.
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const QList<MessageHandler *> snapshot = *subscribed;
     const DeliveryScope delivery(this);
     for (MessageHandler *handler : snapshot) {
