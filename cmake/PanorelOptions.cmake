@@ -8,9 +8,13 @@ option(PANOREL_BUILD_TESTS "Build the tests" ${PANOREL_TOP_LEVEL})
 option(PANOREL_WERROR "Treat warnings as errors" OFF)
 set(PANOREL_SANITIZE "" CACHE STRING "Sanitizers to build with, such as address,undefined")
 
-if(PANOREL_BUILD_TESTS AND NOT PANOREL_BUILD_SIMULATOR)
-  message(FATAL_ERROR "The tests need the simulator: set PANOREL_BUILD_SIMULATOR to ON, "
-    "or PANOREL_BUILD_TESTS to OFF.")
+if(PANOREL_BUILD_TESTS AND NOT (PANOREL_BUILD_SIMULATOR AND PANOREL_BUILD_EXAMPLES))
+  message(FATAL_ERROR "The tests need the simulator and the examples: set PANOREL_BUILD_SIMULATOR "
+    "and PANOREL_BUILD_EXAMPLES to ON, or PANOREL_BUILD_TESTS to OFF.")
+endif()
+if(PANOREL_BUILD_EXAMPLES AND NOT PANOREL_BUILD_SIMULATOR)
+  message(FATAL_ERROR "The examples need the simulator's robot core: set PANOREL_BUILD_SIMULATOR "
+    "to ON, or PANOREL_BUILD_EXAMPLES to OFF.")
 endif()
 
 # Link this privately to every target of the project; it never reaches a user's target.
@@ -49,4 +53,6 @@ if(PANOREL_TOP_LEVEL)
   set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
   set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
   set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+  # A change inside a shared library does not link its users anew.
+  set(CMAKE_LINK_DEPENDS_NO_SHARED ON)
 endif()

@@ -1,0 +1,80 @@
+#include "simulator/core/Outbox.h"
+
+#include <QMutexLocker>
+#include <QThread>
+
+namespace simulator {
+
+namespace {
+
+const int KeptMails = 100;
+
+} // namespace
+
+Outbox &Outbox::instance()
+{
+    static Outbox outbox;
+    return outbox;
+}
+
+void Outbox::accept()
+{
+    const QMutexLocker lock(&m_mutex);
+    m_refusing = false;
+}
+
+void Outbox::refuse(int code, const QString &text)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_refusing = true;
+    m_refusalCode = code;
+    m_refusalText = text;
+}
+
+bool Outbox::take(const Mail &mail, int &code, QString &text)
+{
+    QMutexLocker lock(&m_mutex);
+    const int transferTime = m_pace.milliseconds(m_transferTime);
+    lock.unlock();
+    QThread::msleep(static_cast<unsigned long>(transferTime));
+
+    lock.relock();
+    if (m_refusing) {
+        code = m_refusalCode;
+        text = m_refusalText;
+        return false;
+    }
+    m_mails.append(mail);
+    if (m_mails.size() > KeptMails)
+        m_mails.removeFirst();
+    lock.unlock();
+
+    Q_EMIT taken(mail.to, mail.subject);
+    return true;
+}
+
+QList<Mail> Outbox::mails() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_mails;
+}
+
+void Outbox::clear()
+{
+    const QMutexLocker lock(&m_mutex);
+    m_mails.clear();
+}
+
+void Outbox::setPace(const Pace &pace)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_pace = pace;
+}
+
+void Outbox::setTransferTime(int milliseconds)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_transferTime = milliseconds;
+}
+
+} // namespace simulator

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "simulator/core/Pace.h"
+
+#include <QList>
+#include <QMutex>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+namespace simulator {
+
+/// One mail as it was handed to the mail server.
+struct Mail
+{
+    QString from;
+    QString to;
+    QString subject;
+    QString body;
+    /// Paths of the attachments.
+    QStringList files;
+};
+
+/// The mail server behind every MailSender of this process. One object, made on its first use and
+/// kept until the program ends. May be used on any thread.
+class Outbox : public QObject
+{
+    Q_OBJECT
+
+public:
+    static Outbox &instance();
+
+    /// Takes mails again; it does so from the beginning.
+    void accept();
+    /// Refuses every mail with this error.
+    void refuse(int code, const QString &text);
+
+    /// Takes @p mail. Returns whether it did; otherwise @p code and @p text say why not. Blocks
+    /// for as long as the transfer takes.
+    bool take(const Mail &mail, int &code, QString &text);
+
+    /// The mails taken, the oldest first.
+    QList<Mail> mails() const;
+    void clear();
+
+    void setPace(const Pace &pace);
+    /// How long a transfer takes, in milliseconds of the robot's time.
+    void setTransferTime(int milliseconds);
+
+Q_SIGNALS:
+    /// Comes on the thread that sends.
+    void taken(const QString &to, const QString &subject);
+
+private:
+    Outbox() = default;
+
+    mutable QMutex m_mutex; // guards what follows
+    QList<Mail> m_mails;
+    Pace m_pace;
+    QString m_refusalText;
+    int m_refusalCode = 0;
+    bool m_refusing = false;
+    int m_transferTime = 800;
+};
+
+} // namespace simulator

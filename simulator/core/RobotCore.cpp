@@ -1,0 +1,181 @@
+#include "simulator/core/RobotCore.h"
+
+#include "host/MailSender.h"
+#include "host/UserData.h"
+#include "simulator/core/OperatorDesk.h"
+#include "simulator/core/Outbox.h"
+#include "simulator/core/SimulatedDialogModule.h"
+#include "simulator/core/SimulatedDispenser.h"
+#include "simulator/core/SimulatedDrive.h"
+#include "simulator/core/SimulatedFaces.h"
+#include "simulator/core/SimulatedInteractionService.h"
+#include "simulator/core/SimulatedKeyboard.h"
+#include "simulator/core/SimulatedLanguage.h"
+#include "simulator/core/SimulatedMacrosReplacer.h"
+#include "simulator/core/SimulatedPlugin.h"
+#include "simulator/core/SimulatedPrinter.h"
+#include "simulator/core/SimulatedReplicas.h"
+#include "simulator/core/SimulatedScanner.h"
+#include "simulator/core/SimulatedScripts.h"
+#include "simulator/core/SimulatedSpeech.h"
+#include "simulator/core/SimulatedUsersDatabase.h"
+#include "simulator/core/TelephoneLine.h"
+
+namespace simulator {
+
+namespace {
+
+template <typename Part, typename... Arguments>
+QSharedPointer<Part> makeIf(bool present, const Arguments &...arguments)
+{
+    return present ? QSharedPointer<Part>::create(arguments...) : QSharedPointer<Part>();
+}
+
+RobotDevices makeDevices(const RobotCore::Equipment &equipment, const Pace &pace)
+{
+    RobotDevices devices;
+    devices.printer = makeIf<SimulatedPrinter>(equipment.printer, pace);
+    devices.dispenser = makeIf<SimulatedDispenser>(equipment.dispenser, pace);
+    devices.passportScanner = makeIf<SimulatedScanner>(equipment.passportScanner, pace);
+    devices.documentScanner = makeIf<SimulatedScanner>(equipment.documentScanner, pace);
+    devices.keyboard = makeIf<SimulatedKeyboard>(equipment.keyboard);
+    devices.users = makeIf<SimulatedUsersDatabase>(equipment.users);
+    devices.interaction = QSharedPointer<SimulatedInteractionService>::create();
+    devices.macros = QSharedPointer<SimulatedMacrosReplacer>::create();
+    return devices;
+}
+
+} // namespace
+
+RobotCore::RobotCore(QObject *parent)
+    : RobotCore(Equipment(), parent)
+{ }
+
+RobotCore::RobotCore(const Equipment &equipment, QObject *parent)
+    : QObject(parent)
+    , m_devices(makeDevices(equipment, m_pace))
+    , m_speech(new SimulatedSpeech(m_devices.macros, m_pace, this))
+    , m_drive(new SimulatedDrive(m_pace, this))
+    , m_scripts(new SimulatedScripts(m_pace, this))
+    , m_language(new SimulatedLanguage(this))
+    , m_faces(new SimulatedFaces(m_pace, this))
+    , m_replicas(new SimulatedReplicas(this))
+    , m_operatorDesk(new OperatorDesk(this))
+    , m_dialog(new SimulatedDialogModule(m_speech, this))
+    , m_plugin(new SimulatedPlugin(m_devices, this))
+{
+    TelephoneLine::instance().setPace(m_pace);
+    Outbox::instance().setPace(m_pace);
+    fillSettings();
+    fillDevices();
+    connectPlugin();
+}
+
+Pace RobotCore::pace() const { return m_pace; }
+
+SimulatedPlugin *RobotCore::plugin() const { return m_plugin; }
+
+SimulatedDialogModule *RobotCore::dialog() const { return m_dialog; }
+
+SimulatedSpeech *RobotCore::speech() const { return m_speech; }
+
+SimulatedDrive *RobotCore::drive() const { return m_drive; }
+
+SimulatedScripts *RobotCore::scripts() const { return m_scripts; }
+
+SimulatedLanguage *RobotCore::language() const { return m_language; }
+
+SimulatedFaces *RobotCore::faces() const { return m_faces; }
+
+SimulatedReplicas *RobotCore::replicas() const { return m_replicas; }
+
+OperatorDesk *RobotCore::operatorDesk() const { return m_operatorDesk; }
+
+const RobotDevices &RobotCore::devices() const { return m_devices; }
+
+void RobotCore::fillSettings()
+{
+    SettingsStore &application = m_plugin->applicationSettings();
+    application.setValue(QStringLiteral("/screen/title"), QStringLiteral("Welcome"));
+    application.setValue(QStringLiteral("/screen/theme"), QStringLiteral("light"));
+    application.setValue(QStringLiteral("/screen/timeout"), 60);
+    application.setValue(QStringLiteral("/badge/enabled"), true);
+    application.setValue(QStringLiteral("/badge/template"), QStringLiteral("visitor"));
+
+    SettingsStore &system = m_plugin->systemSettings();
+    system.setValue(QStringLiteral("/sound/volume"), 50);
+    system.setValue(QStringLiteral("/sound/microphone"), 70);
+    system.setValue(QStringLiteral("/language/default"), m_language->code());
+    system.setValue(QStringLiteral("/drive/speed"), 0.6);
+
+    m_plugin->setEmailParameters({
+        {QStringLiteral("sender"), QStringLiteral("robot@example.com")},
+        {QStringLiteral("login"), QStringLiteral("robot")},
+        {QStringLiteral("password"), QStringLiteral("secret")},
+        {QStringLiteral("host"), QStringLiteral("mail.example.com")},
+        {QStringLiteral("port"), 587},
+        {QStringLiteral("sequrity"), static_cast<int>(MailSender::StartTls)},
+    });
+}
+
+void RobotCore::fillDevices()
+{
+    if (m_devices.passportScanner) {
+        m_devices.passportScanner->setResult({
+            {QStringLiteral("surname"), QStringLiteral("MUSTERMANN")},
+            {QStringLiteral("name"), QStringLiteral("ERIKA")},
+            {QStringLiteral("number"), QStringLiteral("C01X00T47")},
+            {QStringLiteral("birth_date"), QStringLiteral("12.08.1983")},
+        });
+    }
+    if (m_devices.documentScanner) {
+        m_devices.documentScanner->setResult({
+            {QStringLiteral("title"), QStringLiteral("Invitation")},
+            {QStringLiteral("text"), QStringLiteral("You are welcome at our open day.")},
+        });
+    }
+    if (m_devices.users) {
+        FaceInfo face;
+        face.setId(1);
+        face.setType(FaceInfo::User);
+        face.setGender(GenderFemale);
+        face.setAge(34);
+        UserData user;
+        user.setInfo(face);
+        user.setName(QStringLiteral("Anna"));
+        user.setAcquaintanceDate(QDateTime(QDate(2019, 4, 2), QTime(9, 0)));
+        user.setLastVisit(QDateTime(QDate(2019, 6, 5), QTime(14, 30)));
+        m_devices.users->addUser(user);
+    }
+}
+
+void RobotCore::connectPlugin()
+{
+    connect(m_plugin, &PluginInterface::signalGetReplica, m_replicas, &SimulatedReplicas::ofType);
+    connect(m_plugin, &PluginInterface::signalGetAppReplica, m_replicas,
+            &SimulatedReplicas::ofStep);
+    connect(m_plugin, &PluginInterface::signalTTSStart, m_speech, &SimulatedSpeech::say);
+    connect(m_plugin, &PluginInterface::signalTTSCancel, m_speech, &SimulatedSpeech::cancel);
+    connect(m_plugin, &PluginInterface::signalAnswersAnchor, m_dialog,
+            &SimulatedDialogModule::setAnchor);
+
+    connect(m_plugin, &PluginInterface::signalScriptStart, m_scripts, &SimulatedScripts::start);
+    connect(m_plugin, &PluginInterface::signalScriptCancel, m_scripts, &SimulatedScripts::cancel);
+    connect(m_plugin, &PluginInterface::signalLanguage, m_language, &SimulatedLanguage::setCode);
+    connect(m_plugin, &PluginInterface::signalOperatorCall, m_operatorDesk,
+            &OperatorDesk::setCalled);
+
+    connect(m_plugin, &PluginInterface::signalFaceTrackingAuto, m_faces,
+            &SimulatedFaces::setTrackingAuto);
+    connect(m_plugin, &PluginInterface::signalFaceTracking, m_faces, &SimulatedFaces::track);
+    connect(m_plugin, &PluginInterface::signalFaceAdd, m_faces, &SimulatedFaces::addFace);
+    connect(m_plugin, &PluginInterface::signalFaceDelete, m_faces, &SimulatedFaces::deleteFace);
+    connect(m_plugin, &PluginInterface::signalHeadEnable, m_faces, &SimulatedFaces::setHeadEnabled);
+
+    connect(m_plugin, &PluginInterface::signalDrivePoint, m_drive, &SimulatedDrive::driveTo);
+    connect(m_plugin, &PluginInterface::signalDrivePause, m_drive, &SimulatedDrive::setPaused);
+    connect(m_plugin, &PluginInterface::signalDriveMode, m_drive, &SimulatedDrive::setMode);
+    connect(m_plugin, &PluginInterface::signalDriveCharger, m_drive, &SimulatedDrive::setCharger);
+}
+
+} // namespace simulator

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "simulator/core/Pace.h"
+#include "simulator/core/RobotDevices.h"
+#include "simulator/core/SimulatedDialogModule.h" // so that both convert to what the host takes
+#include "simulator/core/SimulatedPlugin.h"
+
+#include <QObject>
+
+namespace simulator {
+
+class OperatorDesk;
+class SimulatedDrive;
+class SimulatedFaces;
+class SimulatedLanguage;
+class SimulatedReplicas;
+class SimulatedScripts;
+class SimulatedSpeech;
+
+/// The robot on the desk: it owns every part and joins the plug-in's requests to them. Outlives the
+/// screen that it is handed to. Its pace also becomes the telephone line's and the mail server's.
+/// GUI thread.
+class RobotCore : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Which devices the robot has; the others are null in the plug-in.
+    struct Equipment
+    {
+        bool printer = true;
+        bool dispenser = true;
+        bool passportScanner = true;
+        bool documentScanner = true;
+        bool keyboard = true;
+        bool users = true;
+    };
+
+    explicit RobotCore(QObject *parent = nullptr);
+    explicit RobotCore(const Equipment &equipment, QObject *parent = nullptr);
+
+    /// Copies share the robot's speed.
+    Pace pace() const;
+
+    // The core owns what these return.
+    SimulatedPlugin *plugin() const;
+    SimulatedDialogModule *dialog() const;
+    SimulatedSpeech *speech() const;
+    SimulatedDrive *drive() const;
+    SimulatedScripts *scripts() const;
+    SimulatedLanguage *language() const;
+    SimulatedFaces *faces() const;
+    SimulatedReplicas *replicas() const;
+    OperatorDesk *operatorDesk() const;
+
+    /// What the plug-in hands out; null for what the robot does not have.
+    const RobotDevices &devices() const;
+
+private:
+    void fillSettings();
+    void fillDevices();
+    void connectPlugin();
+
+    Pace m_pace;
+    RobotDevices m_devices;
+    SimulatedSpeech *m_speech;
+    SimulatedDrive *m_drive;
+    SimulatedScripts *m_scripts;
+    SimulatedLanguage *m_language;
+    SimulatedFaces *m_faces;
+    SimulatedReplicas *m_replicas;
+    OperatorDesk *m_operatorDesk;
+    SimulatedDialogModule *m_dialog;
+    SimulatedPlugin *m_plugin;
+};
+
+} // namespace simulator

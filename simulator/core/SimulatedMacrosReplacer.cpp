@@ -1,0 +1,43 @@
+#include "simulator/core/SimulatedMacrosReplacer.h"
+
+namespace simulator {
+
+SimulatedMacrosReplacer::SimulatedMacrosReplacer(QObject *parent)
+    : IMacrosReplacer(parent)
+{ }
+
+void SimulatedMacrosReplacer::setMacros(const QString &name, const QString &value)
+{
+    m_macros.insert(name, value);
+}
+
+void SimulatedMacrosReplacer::removeMacros(const QString &name) { m_macros.remove(name); }
+
+QString SimulatedMacrosReplacer::expand(const QString &text) const
+{
+    const QLatin1Char mark('%');
+    QString result;
+    int position = 0;
+    while (position < text.size()) {
+        const int begin = text.indexOf(mark, position);
+        const int end = begin < 0 ? -1 : text.indexOf(mark, begin + 1);
+        if (end < 0)
+            break;
+
+        result += text.midRef(position, begin - position);
+        const auto macro = m_macros.constFind(text.mid(begin + 1, end - begin - 1));
+        if (macro != m_macros.cend()) {
+            result += macro.value();
+            position = end + 1;
+        } else {
+            // A plain per cent sign; the second one may still open a macro.
+            result += mark;
+            position = begin + 1;
+        }
+    }
+    return result + text.midRef(position);
+}
+
+QMap<QString, QString> SimulatedMacrosReplacer::macros() const { return m_macros; }
+
+} // namespace simulator
