@@ -1,0 +1,102 @@
+#include "simulator/app/CommandLine.h"
+
+#include <QCommandLineParser>
+
+namespace simulator {
+
+namespace {
+
+/// The options, and a parser that knows them.
+struct Options
+{
+    Options();
+
+    QCommandLineParser parser;
+    QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")},
+                            QStringLiteral("Show this help.")};
+    QCommandLineOption page{
+        QStringLiteral("page"),
+        QStringLiteral("The page to show: an HTML file, a folder with an index.html, or a URL. "
+                       "Default: the sample page."),
+        QStringLiteral("FILE-OR-FOLDER-OR-URL")};
+    QCommandLineOption screenshot{
+        QStringLiteral("screenshot"),
+        QStringLiteral("Play the demo visit, write a PNG picture of the whole window to FILE and "
+                       "end. Gives up after 30 seconds."),
+        QStringLiteral("FILE")};
+    QCommandLineOption demo{
+        QStringLiteral("demo"),
+        QStringLiteral("Play a short visit: a person comes, talks to the robot and is asked a "
+                       "question.")};
+    QCommandLineOption speed{
+        QStringLiteral("speed"),
+        QStringLiteral("How fast the robot's time runs, from 0.01 to 10000. Default: 1, real "
+                       "time."),
+        QStringLiteral("FACTOR")};
+    QCommandLineOption log{
+        QStringLiteral("log"),
+        QStringLiteral("Write the library's debug log to the standard error output.")};
+};
+
+Options::Options()
+{
+    parser.setApplicationDescription(QStringLiteral(
+        "A robot on the desk: shows a page as the robot's touch screen would, and beside it what\n"
+        "the page asks of the robot, buttons for everything that can happen on a robot, and the\n"
+        "messages in both directions.\n\n"
+        "Exit codes: 0 done, 1 the page or the picture failed, 2 wrong arguments."));
+    parser.addOptions({help, page, screenshot, demo, speed, log});
+}
+
+} // namespace
+
+QString CommandLine::helpText() { return Options().parser.helpText(); }
+
+CommandLine::CommandLine(const QStringList &arguments)
+{
+    Options options;
+    QCommandLineParser &parser = options.parser;
+    const auto mistake = [this](const QString &text) {
+        m_outcome = Outcome::Mistake;
+        m_mistake = text + QStringLiteral("\nSee --help for what the program understands.");
+    };
+
+    if (!parser.parse(arguments)) {
+        mistake(parser.errorText());
+        return;
+    }
+    if (parser.isSet(options.help)) {
+        m_outcome = Outcome::ShowHelp;
+        return;
+    }
+    if (!parser.positionalArguments().isEmpty()) {
+        mistake(QStringLiteral("What is \"%1\"? A page is given with --page.")
+                    .arg(parser.positionalArguments().constFirst()));
+        return;
+    }
+    for (const QCommandLineOption *option : {&options.page, &options.screenshot}) {
+        if (parser.isSet(*option) && parser.value(*option).isEmpty()) {
+            mistake(QStringLiteral("--%1 needs a value that is not empty.")
+                        .arg(option->names().constFirst()));
+            return;
+        }
+    }
+    if (parser.isSet(options.speed)) {
+        const QString text = parser.value(options.speed);
+        bool isNumber = false;
+        m_speed = text.toDouble(&isNumber);
+        // "nan" and "inf" are numbers too, but not between the bounds.
+        if (!isNumber || !(m_speed >= 0.01 && m_speed <= 10000)) {
+            mistake(QStringLiteral("--speed is \"%1\", but has to be a number from 0.01 to 10000.")
+                        .arg(text));
+            return;
+        }
+    }
+
+    m_page = parser.value(options.page);
+    m_screenshot = parser.value(options.screenshot);
+    m_demo = parser.isSet(options.demo);
+    m_log = parser.isSet(options.log);
+}
+
+} // namespace simulator

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace simulator {
+
+/// What the program was started with.
+class CommandLine
+{
+public:
+    enum class Outcome { Run, ShowHelp, Mistake };
+
+    /// @p arguments begin with the program's name.
+    explicit CommandLine(const QStringList &arguments);
+
+    Outcome outcome() const { return m_outcome; }
+    /// What is wrong with the arguments; empty when nothing is.
+    QString mistake() const { return m_mistake; }
+    /// All that the program understands. Needs an application object.
+    static QString helpText();
+
+    /// A file, a folder or a URL; empty means the sample page.
+    QString page() const { return m_page; }
+    /// Where to write the picture; empty when none is wanted.
+    QString screenshot() const { return m_screenshot; }
+    bool demo() const { return m_demo; }
+    bool log() const { return m_log; }
+    /// How fast the robot's time runs: 1 is real time.
+    double speed() const { return m_speed; }
+
+private:
+    Outcome m_outcome = Outcome::Run;
+    QString m_mistake;
+    QString m_page;
+    QString m_screenshot;
+    bool m_demo = false;
+    bool m_log = false;
+    double m_speed = 1.0;
+};
+
+} // namespace simulator

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "panorel/Message.h"
+
+#include <QAbstractTableModel>
+#include <QTime>
+#include <QVector>
+
+namespace simulator {
+
+/// The messages on the bus, the oldest first. Bounded: the oldest give way to new ones.
+class MessageLog : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    enum class Direction { PageToRobot, RobotToPage, Inside };
+    enum Column { TimeColumn, DirectionColumn, TopicColumn, AttributesColumn, ColumnCount };
+    enum Role {
+        /// All of a message's text in one, for a filter.
+        FilterRole = Qt::UserRole,
+        /// Topic and attributes, readable, over several lines.
+        DetailRole,
+    };
+
+    explicit MessageLog(QObject *parent = nullptr);
+
+    /// Appends @p message, with its attributes as compact JSON. Very long JSON is cut.
+    void add(const panorel::Message &message);
+    void clear();
+
+    /// While paused, messages are held back; they are appended afterwards. The bound holds for
+    /// them too.
+    void setPaused(bool paused);
+    /// How many messages are kept; 2000 unless set.
+    void setLimit(int limit);
+
+    /// How many messages went in @p direction since the start, whatever became of them here.
+    int total(Direction direction) const;
+
+    static Direction directionOf(const panorel::Message &message);
+
+    int rowCount(const QModelIndex &parent = QModelIndex()) const override;
+    int columnCount(const QModelIndex &parent = QModelIndex()) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    struct Entry
+    {
+        QTime time;
+        Direction direction;
+        QString topic;
+        QString attributes;
+    };
+
+    void append(const Entry &entry);
+    QVariant cell(const Entry &entry, int column) const;
+
+    QVector<Entry> m_entries;
+    QVector<Entry> m_held;
+    int m_totals[3] = {0, 0, 0};
+    int m_limit = 2000;
+    bool m_paused = false;
+};
+
+} // namespace simulator

@@ -1,0 +1,67 @@
+#include "simulator/app/PageAddress.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QStringList>
+
+namespace simulator {
+
+namespace {
+
+const char indexFile[] = "index.html";
+
+} // namespace
+
+PageAddress::PageAddress(const QString &text)
+{
+    if (text.isEmpty()) {
+        findSample();
+        return;
+    }
+    // A colon alone makes no URL: files may have one in their name.
+    const QUrl url(text, QUrl::StrictMode);
+    if (url.isLocalFile() && !QFileInfo::exists(text))
+        findFile(url.toLocalFile());
+    else if (url.isValid() && !url.scheme().isEmpty() && !QFileInfo::exists(text))
+        m_url = url;
+    else
+        findFile(text);
+}
+
+void PageAddress::findSample()
+{
+    const QDir program(QCoreApplication::applicationDirPath());
+    const QStringList folders = {
+        QStringLiteral(PANOREL_SAMPLE_PAGE),
+        program.filePath(QStringLiteral("../../../simulator/pages/sample")),
+        program.filePath(QStringLiteral("../share/panorel/pages/sample")),
+    };
+    for (const QString &folder : folders) {
+        const QFileInfo index(QDir(folder).filePath(QLatin1String(indexFile)));
+        if (index.isFile()) {
+            m_url = QUrl::fromLocalFile(index.canonicalFilePath());
+            return;
+        }
+    }
+    m_error = QStringLiteral("The sample page is not there; it is looked for in %1.\n"
+                             "Name a page of your own with --page.")
+                  .arg(QDir::cleanPath(folders.constFirst()));
+}
+
+void PageAddress::findFile(const QString &path)
+{
+    QFileInfo file(path);
+    if (file.isDir())
+        file = QFileInfo(QDir(path).filePath(QLatin1String(indexFile)));
+    if (file.isFile() && file.isReadable()) {
+        m_url = QUrl::fromLocalFile(file.absoluteFilePath());
+        return;
+    }
+    m_error = QStringLiteral("There is no page to read at \"%1\".\n"
+                             "Give --page an HTML file, a folder with an index.html, or a URL with "
+                             "its scheme, such as http://localhost:8000/.")
+                  .arg(QDir::cleanPath(file.absoluteFilePath()));
+}
+
+} // namespace simulator

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "panorel/Panorel.h"
+
+class QWebEngineView;
+
+namespace simulator {
+
+class MessageReporter;
+
+/// The robot's screen, with a bus that tells what it delivers.
+class RobotScreen : public panorel::Panorel
+{
+    Q_OBJECT
+
+public:
+    explicit RobotScreen(QWidget *parent = nullptr);
+
+    /// Both live as long as the screen.
+    MessageReporter *reporter() const;
+    QWebEngineView *view() const;
+};
+
+} // namespace simulator

@@ -1,0 +1,129 @@
+#include "simulator/app/CommandLine.h"
+#include "simulator/app/DemoVisit.h"
+#include "simulator/app/PageAddress.h"
+#include "simulator/app/QuitSignals.h"
+#include "simulator/app/Screenshot.h"
+#include "simulator/app/SimulatorWindow.h"
+#include "simulator/core/RobotCore.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QLoggingCategory>
+#include <QStyleFactory>
+#include <QTimer>
+
+#include <cstdio>
+
+using namespace simulator;
+
+namespace {
+
+enum ExitCode { Done = 0, Failed = 1, WrongArguments = 2 };
+
+const int ConnectTime = 1500;
+const qreal LargestFont = 9.5;
+
+void print(FILE *stream, const QString &text)
+{
+    std::fprintf(stream, "%s\n", qUtf8Printable(text.trimmed()));
+}
+
+// Before the application is made: a mistake needs no display to be told.
+QStringList argumentList(int argc, char *argv[])
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    return arguments;
+}
+
+// A user's own rules win.
+void setUpLog(bool on)
+{
+    if (on)
+        QLoggingCategory::setFilterRules(QStringLiteral("default.debug=true\npanorel.debug=true"));
+    else if (qEnvironmentVariableIsEmpty("QT_LOGGING_RULES"))
+        QLoggingCategory::setFilterRules(QStringLiteral("panorel.debug=false"));
+}
+
+// Where the system's font is large, the panel would leave too little room for the robot's screen.
+void setUpFont()
+{
+    QFont font = QApplication::font();
+    font.setPointSizeF(qMin(font.pointSizeF(), LargestFont));
+    QApplication::setFont(font);
+}
+
+/// Starts the visit when the page has had time to connect to the robot.
+void playVisit(DemoVisit *visit, SimulatorWindow *window)
+{
+    QObject::connect(window, &SimulatorWindow::pageLoaded, visit,
+                     [visit] { QTimer::singleShot(ConnectTime, visit, &DemoVisit::start); });
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    // Mistakes and help need no display.
+    const CommandLine commandLine(argumentList(argc, argv));
+    if (commandLine.outcome() == CommandLine::Outcome::Mistake) {
+        print(stderr, commandLine.mistake());
+        return WrongArguments;
+    }
+    if (commandLine.outcome() == CommandLine::Outcome::ShowHelp) {
+        const QCoreApplication application(argc, argv);
+        print(stdout, CommandLine::helpText());
+        return Done;
+    }
+
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("panorel-simulator"));
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    setUpFont();
+    setUpLog(commandLine.log());
+    const QuitSignals quitSignals;
+
+    const PageAddress page(commandLine.page());
+    if (!page.isFound()) {
+        print(stderr, page.error());
+        return Failed;
+    }
+    const bool takePicture = !commandLine.screenshot().isEmpty();
+    const QString obstacle =
+        takePicture ? Screenshot::obstacle(commandLine.screenshot()) : QString();
+    if (!obstacle.isEmpty()) {
+        print(stderr, obstacle);
+        return Failed;
+    }
+
+    // The core outlives the window: the screen's handlers use it until they are gone.
+    RobotCore core;
+    core.pace().setSpeed(commandLine.speed());
+    SimulatorWindow window(&core);
+    DemoVisit visit(&core, window.screen());
+    Screenshot screenshot(&window, commandLine.screenshot());
+
+    if (commandLine.demo() || takePicture)
+        playVisit(&visit, &window);
+    if (takePicture) {
+        QObject::connect(&visit, &DemoVisit::finished, &screenshot, &Screenshot::setVisitOver);
+        QObject::connect(&screenshot, &Screenshot::finished, &application,
+                         [](const QString &error) {
+                             if (!error.isEmpty())
+                                 print(stderr, error);
+                             QCoreApplication::exit(error.isEmpty() ? Done : Failed);
+                         });
+        screenshot.start();
+    } else {
+        QObject::connect(&window, &SimulatorWindow::pageLoaded, &application, [&page](bool ok) {
+            if (!ok)
+                print(stderr,
+                      QStringLiteral("The page %1 could not be loaded: check the address.")
+                          .arg(page.url().toDisplayString()));
+        });
+    }
+    window.load(page.url());
+    window.show();
+    return QApplication::exec();
+}
