@@ -1,0 +1,61 @@
+# panorel_add_test(NAME tst_x SOURCES tst_x.cpp [LABEL unit|bridge|page|tool] [LIBRARIES ...])
+# and the environment in which tests run: no display, nothing written outside the build folder.
+
+set(PANOREL_TEST_HOME ${PROJECT_BINARY_DIR}/test-home)
+set(PANOREL_TEST_RUNTIME ${PROJECT_BINARY_DIR}/test-runtime)
+file(MAKE_DIRECTORY ${PANOREL_TEST_HOME} ${PANOREL_TEST_RUNTIME})
+execute_process(COMMAND chmod 0700 ${PANOREL_TEST_RUNTIME})
+
+set(PANOREL_TEST_ENVIRONMENT
+  HOME=${PANOREL_TEST_HOME}
+  XDG_RUNTIME_DIR=${PANOREL_TEST_RUNTIME}
+  XDG_CACHE_HOME=${PANOREL_TEST_HOME}/cache
+  XDG_CONFIG_HOME=${PANOREL_TEST_HOME}/config
+  XDG_DATA_HOME=${PANOREL_TEST_HOME}/data
+  LC_ALL=C.UTF-8
+  QT_LOGGING_RULES=
+  QT_QPA_PLATFORM=offscreen
+  QT_QUICK_BACKEND=software
+  QTWEBENGINE_CHROMIUM_FLAGS=--disable-gpu
+)
+execute_process(COMMAND id -u OUTPUT_VARIABLE panorel_user OUTPUT_STRIP_TRAILING_WHITESPACE)
+if(panorel_user STREQUAL "0")
+  # The web engine's sandbox refuses to run as root.
+  list(APPEND PANOREL_TEST_ENVIRONMENT QTWEBENGINE_DISABLE_SANDBOX=1)
+endif()
+if(PANOREL_SANITIZE)
+  list(APPEND PANOREL_TEST_ENVIRONMENT
+    UBSAN_OPTIONS=print_stacktrace=1
+    LSAN_OPTIONS=suppressions=${CMAKE_CURRENT_LIST_DIR}/lsan.supp:print_suppressions=0
+  )
+endif()
+
+function(panorel_test_properties name label)
+  set_tests_properties(${name} PROPERTIES
+    LABELS ${label}
+    TIMEOUT 300
+    ENVIRONMENT "${PANOREL_TEST_ENVIRONMENT};${ARGN}"
+  )
+endfunction()
+
+function(panorel_add_test)
+  cmake_parse_arguments(PARSE_ARGV 0 arg "" "NAME;LABEL" "SOURCES;LIBRARIES")
+  if(NOT arg_LABEL)
+    set(arg_LABEL unit)
+  endif()
+  add_executable(${arg_NAME} ${arg_SOURCES})
+  set_target_properties(${arg_NAME} PROPERTIES
+    AUTOMOC ON
+    RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests/bin
+  )
+  target_link_libraries(${arg_NAME} PRIVATE
+    panorel-test-support ${arg_LIBRARIES} Qt5::Test panorel-build-options)
+  add_test(NAME ${arg_NAME} COMMAND ${arg_NAME})
+  set(extra "")
+  if(PANOREL_SANITIZE AND arg_LABEL STREQUAL "page")
+    # The web engine leaks by design when a process ends; what this library leaks shows in the
+    # unit and bridge tests.
+    set(extra "ASAN_OPTIONS=detect_leaks=0")
+  endif()
+  panorel_test_properties(${arg_NAME} ${arg_LABEL} ${extra})
+endfunction()

@@ -1,0 +1,216 @@
+#include "panorel/handlers/StatisticEventHandler.h"
+
+#include "tests/support/HandlerTestCase.h"
+
+#include <QDate>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+using panorel::StatisticEventHandler;
+
+class StatisticEventHandlerTest : public HandlerTestCase
+{
+    Q_OBJECT
+
+private:
+    void setUp() override
+    {
+        HandlerTestCase::setUp();
+        m_folder = std::make_unique<QTemporaryDir>();
+        QVERIFY(m_folder->isValid());
+        m_directory = m_folder->path() + QStringLiteral("/deep/statistic/");
+        m_handler = new StatisticEventHandler(m_directory);
+        subscribe(m_handler, QStringLiteral("system.statistic"));
+    }
+    void tearDown() override
+    {
+        HandlerTestCase::tearDown();
+        m_folder.reset();
+    }
+
+    /// Sends a record and checks that the handler itself logs nothing.
+    void record(const QVariantMap &attributes)
+    {
+        request(attributes, QString());
+        QCOMPARE(log().take(), QVector<LogLine>());
+    }
+    void record(const QString &topic, const QStringList &data)
+    {
+        record({{QStringLiteral("topic"), topic}, {QStringLiteral("data"), data}});
+    }
+
+    /// The files below the root, with their content.
+    QMap<QString, QByteArray> files() const
+    {
+        QMap<QString, QByteArray> found;
+        const QDir root(m_directory);
+        const auto folders = root.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+        for (const QString &folder : folders) {
+            const auto names = QDir(root.filePath(folder)).entryList(QDir::Files | QDir::Hidden);
+            for (const QString &name : names) {
+                const QString path = folder + QLatin1Char('/') + name;
+                QFile file(root.filePath(path));
+                if (file.open(QIODevice::ReadOnly))
+                    found.insert(path, file.readAll());
+            }
+        }
+        return found;
+    }
+
+    static QString today() { return QDate::currentDate().toString(QStringLiteral("dd.MM.yyyy")); }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_directory;
+    StatisticEventHandler *m_handler = nullptr;
+
+private Q_SLOTS:
+    void namesTheFolderAfterThePeriod_data();
+    void namesTheFolderAfterThePeriod();
+    void appendsRecordsByteForByte();
+    void runsRecordsTogether();
+    void createsAnEmptyFileForEmptyData();
+    void createsAnEmptyFileWithoutData();
+    void writesOneFileForEachTopic();
+    void needsATopic_data();
+    void needsATopic();
+    void refusesTopicsThatLeaveTheFolder_data();
+    void refusesTopicsThatLeaveTheFolder();
+    void changesThePeriodForTheNextRecord();
+    void losesRecordsSilently();
+};
+
+void StatisticEventHandlerTest::namesTheFolderAfterThePeriod_data()
+{
+    QTest::addColumn<QString>("periodicity");
+    QTest::addColumn<QDate>("date");
+    QTest::addColumn<QString>("folder");
+    const auto row = [](const char *name, const char *periodicity, const QDate &date,
+                        const char *folder) {
+        QTest::newRow(name) << QString::fromLatin1(periodicity) << date
+                            << QString::fromLatin1(folder);
+    };
+    const QDate wednesday(2019, 6, 5);
+    row("year", "year", wednesday, "2019");
+    row("month", "month", wednesday, "06.2019");
+    row("week", "week", wednesday, "03.06.2019-09.06.2019");
+    row("week, its Monday", "week", QDate(2019, 6, 3), "03.06.2019-09.06.2019");
+    row("week, its Sunday", "week", QDate(2019, 6, 9), "03.06.2019-09.06.2019");
+    row("week over two years", "week", QDate(2020, 1, 1), "30.12.2019-05.01.2020");
+    row("day", "day", wednesday, "05.06.2019");
+    row("empty", "", wednesday, "05.06.2019");
+    row("any other word", "decade", wednesday, "05.06.2019");
+    row("letter case counts", "Year", wednesday, "05.06.2019");
+}
+
+void StatisticEventHandlerTest::namesTheFolderAfterThePeriod()
+{
+    QFETCH(QString, periodicity);
+    QFETCH(QDate, date);
+    QFETCH(QString, folder);
+    QCOMPARE(StatisticEventHandler::periodFolder(periodicity, date), folder);
+}
+
+void StatisticEventHandlerTest::appendsRecordsByteForByte()
+{
+    const QString folder = today();
+    record(QStringLiteral("visits"), {QStringLiteral("10:00;Grüße\r\n")});
+    record(QStringLiteral("visits"), {QStringLiteral("10:01;\"x\"\n")});
+    if (folder != today())
+        return; // midnight passed in between
+    const QString path = folder + QStringLiteral("/visits.csv");
+    QCOMPARE(files(),
+             (QMap<QString, QByteArray>{{path,
+                                         QByteArray("10:00;Gr\xC3\xBC\xC3\x9F"
+                                                    "e\r\n10:01;\"x\"\n")}}));
+}
+
+void StatisticEventHandlerTest::runsRecordsTogether()
+{
+    record(QStringLiteral("visits"), {QStringLiteral("a;1"), QStringLiteral("b;2")});
+    QCOMPARE(files().values(), QList<QByteArray>({"a;1b;2"}));
+}
+
+void StatisticEventHandlerTest::createsAnEmptyFileForEmptyData()
+{
+    record(QStringLiteral("visits"), {});
+    QCOMPARE(files().values(), QList<QByteArray>({""}));
+}
+
+void StatisticEventHandlerTest::createsAnEmptyFileWithoutData()
+{
+    record({{QStringLiteral("topic"), QStringLiteral("visits")}});
+    QCOMPARE(files().values(), QList<QByteArray>({""}));
+}
+
+void StatisticEventHandlerTest::writesOneFileForEachTopic()
+{
+    record(QStringLiteral("visits"), {QStringLiteral("1")});
+    record(QStringLiteral("touches"), {QStringLiteral("2")});
+    record(QStringLiteral("a topic: with %1 änd ."), {QStringLiteral("3")});
+    QStringList names;
+    for (const QString &path : files().keys())
+        names.append(path.section(QLatin1Char('/'), -1));
+    QCOMPARE(names,
+             QStringList({QStringLiteral("a topic: with %1 änd ..csv"),
+                          QStringLiteral("touches.csv"), QStringLiteral("visits.csv")}));
+}
+
+void StatisticEventHandlerTest::needsATopic_data()
+{
+    QTest::addColumn<QVariantMap>("attributes");
+    const QVariant data = QStringList({QStringLiteral("1")});
+    QTest::newRow("none") << QVariantMap{{QStringLiteral("data"), data}};
+    QTest::newRow("empty") << QVariantMap{{QStringLiteral("data"), data},
+                                          {QStringLiteral("topic"), QString()}};
+    QTest::newRow("null") << QVariantMap{{QStringLiteral("data"), data},
+                                         {QStringLiteral("topic"), QVariant::fromValue(nullptr)}};
+}
+
+void StatisticEventHandlerTest::needsATopic()
+{
+    QFETCH(QVariantMap, attributes);
+    record(attributes);
+    QVERIFY(!QDir(m_directory).exists());
+}
+
+void StatisticEventHandlerTest::refusesTopicsThatLeaveTheFolder_data()
+{
+    QTest::addColumn<QString>("topic");
+    QTest::newRow("slash") << QStringLiteral("a/b");
+    QTest::newRow("parent") << QStringLiteral("../../escaped");
+    QTest::newRow("absolute") << QStringLiteral("/tmp/escaped");
+    QTest::newRow("backslash") << QStringLiteral("a\\b");
+    QTest::newRow("NUL") << QStringLiteral("a") + QChar(QChar::Null) + QStringLiteral("b");
+}
+
+void StatisticEventHandlerTest::refusesTopicsThatLeaveTheFolder()
+{
+    QFETCH(QString, topic);
+    record(topic, {QStringLiteral("1")});
+    QVERIFY(!QDir(m_directory).exists());
+}
+
+void StatisticEventHandlerTest::changesThePeriodForTheNextRecord()
+{
+    const QString year = QDate::currentDate().toString(QStringLiteral("yyyy"));
+    m_handler->setPeriodicity(QStringLiteral("year"));
+    record(QStringLiteral("visits"), {QStringLiteral("1")});
+    QCOMPARE(files().keys(), QStringList({year + QStringLiteral("/visits.csv")}));
+    m_handler->setPeriodicity(QStringLiteral("month"));
+    record(QStringLiteral("visits"), {QStringLiteral("2")});
+    QCOMPARE(files().size(), 2);
+}
+
+void StatisticEventHandlerTest::losesRecordsSilently()
+{
+    // A file stands where the folder should be.
+    QVERIFY(QDir().mkpath(QFileInfo(m_directory.chopped(1)).path()));
+    QFile obstacle(m_directory.chopped(1));
+    QVERIFY(obstacle.open(QIODevice::WriteOnly));
+    record(QStringLiteral("visits"), {QStringLiteral("1")});
+    QCOMPARE(obstacle.size(), 0LL);
+}
+
+QTEST_GUILESS_MAIN(StatisticEventHandlerTest)
+#include "tst_statisticeventhandler.moc"

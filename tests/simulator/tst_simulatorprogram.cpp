@@ -1,0 +1,167 @@
+#include "tests/support/TestCase.h"
+
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QTemporaryDir>
+
+#include <signal.h>
+#include <sys/types.h>
+
+/// The program as a person starts it.
+class SimulatorProgramTest : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void showsItsHelp();
+    void rejectsWrongArguments();
+    void saysWhenThereIsNoPage();
+    void saysWhenThePictureCannotBeWritten();
+    void saysWhenThePageCannotBeLoaded();
+    void takesAPictureOfPageAndPanel();
+    void endsOnASignal_data();
+    void endsOnASignal();
+
+protected:
+    void setUp() override { m_folder.reset(new QTemporaryDir); }
+    void tearDown() override { m_folder.reset(); }
+
+private:
+    static const int m_patience = 60000;
+
+    void start(const QStringList &arguments)
+    {
+        // In a build with sanitizers: the web engine leaks by design when a process ends.
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
+        m_program.setProcessEnvironment(environment);
+        m_program.start(QStringLiteral(PANOREL_SIMULATOR), arguments);
+    }
+    /// The exit code; -1 when the program crashed or does not end.
+    int run(const QStringList &arguments)
+    {
+        start(arguments);
+        if (!m_program.waitForFinished(m_patience))
+            m_program.kill();
+        return end();
+    }
+    int end()
+    {
+        m_program.waitForFinished(m_patience);
+        m_output = QString::fromUtf8(m_program.readAllStandardOutput());
+        m_errors = QString::fromUtf8(m_program.readAllStandardError());
+        return m_program.exitStatus() == QProcess::NormalExit ? m_program.exitCode() : -1;
+    }
+
+    QProcess m_program;
+    QString m_output;
+    QString m_errors;
+    QScopedPointer<QTemporaryDir> m_folder;
+};
+
+void SimulatorProgramTest::showsItsHelp()
+{
+    QCOMPARE(run({QStringLiteral("--help")}), 0);
+    QVERIFY(m_output.contains(QStringLiteral("--screenshot")));
+}
+
+void SimulatorProgramTest::rejectsWrongArguments()
+{
+    QCOMPARE(run({QStringLiteral("--fly")}), 2);
+    QVERIFY(m_errors.contains(QStringLiteral("fly")));
+    QVERIFY(m_output.isEmpty());
+}
+
+void SimulatorProgramTest::saysWhenThereIsNoPage()
+{
+    QCOMPARE(run({QStringLiteral("--page"), m_folder->path()}), 1);
+    QVERIFY2(m_errors.contains(QStringLiteral("--page")), qPrintable(m_errors));
+}
+
+void SimulatorProgramTest::saysWhenThePictureCannotBeWritten()
+{
+    const QString file = m_folder->filePath(QStringLiteral("no/such/folder.png"));
+    QCOMPARE(run({QStringLiteral("--screenshot"), file}), 1);
+    QVERIFY2(m_errors.contains(QStringLiteral("--screenshot")), qPrintable(m_errors));
+}
+
+void SimulatorProgramTest::saysWhenThePageCannotBeLoaded()
+{
+    const QString file = m_folder->filePath(QStringLiteral("picture.png"));
+    // Nobody listens on this port of this machine.
+    QCOMPARE(run({QStringLiteral("--screenshot"), file, QStringLiteral("--page"),
+                  QStringLiteral("http://127.0.0.1:1/")}),
+             1);
+    QVERIFY2(m_errors.contains(QStringLiteral("could not be loaded")), qPrintable(m_errors));
+    QVERIFY(!QFile::exists(file));
+}
+
+void SimulatorProgramTest::takesAPictureOfPageAndPanel()
+{
+    const QString file = m_folder->filePath(QStringLiteral("picture.png"));
+    QFile page(m_folder->filePath(QStringLiteral("index.html")));
+    QVERIFY(page.open(QIODevice::WriteOnly));
+    page.write(R"(<!doctype html>
+<html style="background: #0000ff"><body><h1 style="color: #ffffff">Page</h1>
+<script src="qrc:///qtwebchannel/qwebchannel.js"></script>
+<script>
+new QWebChannel(qt.webChannelTransport, (channel) => {
+  const core = channel.objects._karvel_internal;
+  core.message.connect((message) => {
+    if (message.type === 'user.has.user') document.documentElement.style.background = '#00ff00';
+  });
+  core.sendMessage({ type: 'system.interaction.control', state: 'Start' });
+});
+</script></body></html>
+)");
+    page.close();
+
+    const int code = run({QStringLiteral("--screenshot"), file, QStringLiteral("--page"),
+                          m_folder->path(), QStringLiteral("--speed"), QStringLiteral("20")});
+    QVERIFY2(code == 0, qPrintable(m_errors));
+    const QImage picture(file, "PNG");
+    QVERIFY(picture.width() >= 1000);
+    QVERIFY(picture.height() >= 600);
+    // The page, as it is painted after the person has come; and the panel beside it.
+    QCOMPARE(QColor(picture.pixel(200, picture.height() - 50)), QColor(0, 255, 0));
+    QVERIFY(QColor(picture.pixel(picture.width() - 5, 5)) != QColor(0, 255, 0));
+}
+
+void SimulatorProgramTest::endsOnASignal_data()
+{
+    QTest::addColumn<int>("number");
+    QTest::newRow("SIGINT") << SIGINT;
+    QTest::newRow("SIGTERM") << SIGTERM;
+}
+
+void SimulatorProgramTest::endsOnASignal()
+{
+    QFETCH(int, number);
+    QFile page(m_folder->filePath(QStringLiteral("index.html")));
+    QVERIFY(page.open(QIODevice::WriteOnly));
+    page.write(R"(<script src="qrc:///qtwebchannel/qwebchannel.js"></script>
+<script>
+new QWebChannel(qt.webChannelTransport, (channel) => {
+  channel.objects._karvel_internal.sendMessage({ type: 'system.log', level: 'warning',
+                                                 message: 'page is ready' });
+});
+</script>
+)");
+    page.close();
+    start({QStringLiteral("--page"), m_folder->path()});
+
+    QString errors;
+    const auto isReady = [this, &errors] {
+        errors += QString::fromUtf8(m_program.readAllStandardError());
+        return errors.contains(QStringLiteral("page is ready"));
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(isReady(), m_patience);
+    QCOMPARE(::kill(static_cast<pid_t>(m_program.processId()), number), 0);
+    QCOMPARE(end(), 0);
+}
+
+QTEST_GUILESS_MAIN(SimulatorProgramTest)
+
+#include "tst_simulatorprogram.moc"

@@ -1,0 +1,83 @@
+#include "tests/support/LogRecorder.h"
+
+#include <QLoggingCategory>
+#include <QMutexLocker>
+
+#include <algorithm>
+
+LogRecorder *LogRecorder::s_current = nullptr;
+
+bool operator==(const LogLine &left, const LogLine &right)
+{
+    return left.type == right.type && left.category == right.category && left.text == right.text;
+}
+
+LogRecorder::LogRecorder()
+{
+    s_current = this;
+    QLoggingCategory::setFilterRules(QStringLiteral("panorel.debug=true\ndefault.debug=true"));
+    m_former = qInstallMessageHandler(record);
+}
+
+LogRecorder::~LogRecorder()
+{
+    qInstallMessageHandler(m_former);
+    s_current = nullptr;
+}
+
+QVector<LogLine> LogRecorder::take()
+{
+    const QMutexLocker locker(&m_mutex);
+    QVector<LogLine> lines;
+    lines.swap(m_lines);
+    return lines;
+}
+
+QStringList LogRecorder::takeTexts(const QString &category)
+{
+    const QMutexLocker locker(&m_mutex);
+    QStringList texts;
+    QVector<LogLine> others;
+    for (const LogLine &line : qAsConst(m_lines)) {
+        if (line.category == category)
+            texts.append(line.text);
+        else
+            others.append(line);
+    }
+    m_lines.swap(others);
+    return texts;
+}
+
+void LogRecorder::skipDebug()
+{
+    const QMutexLocker locker(&m_mutex);
+    m_lines.erase(std::remove_if(m_lines.begin(), m_lines.end(),
+                                 [](const LogLine &line) {
+                                     return line.type == QtDebugMsg || line.type == QtInfoMsg;
+                                 }),
+                  m_lines.end());
+}
+
+QStringList LogRecorder::warnings() const
+{
+    const QMutexLocker locker(&m_mutex);
+    QStringList texts;
+    for (const LogLine &line : m_lines) {
+        if (line.type != QtDebugMsg && line.type != QtInfoMsg)
+            texts.append(line.category + QStringLiteral(": ") + line.text);
+    }
+    return texts;
+}
+
+void LogRecorder::record(QtMsgType type, const QMessageLogContext &context, const QString &text)
+{
+    LogRecorder *const self = s_current;
+    if (!self)
+        return;
+    if (type == QtFatalMsg) {
+        self->m_former(type, context, text);
+        return;
+    }
+    const QMutexLocker locker(&self->m_mutex);
+    self->m_lines.append({type, QString::fromLatin1(context.category), text});
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QMutex>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+/// One line that went through Qt's logging.
+struct LogLine
+{
+    QtMsgType type;
+    QString category;
+    QString text;
+};
+
+bool operator==(const LogLine &left, const LogLine &right);
+
+/// Catches everything that is logged while it lives, with debug output of every category on. Only
+/// one lives at a time. Threads may log.
+class LogRecorder
+{
+public:
+    LogRecorder();
+    ~LogRecorder();
+
+    /// The lines so far, which are forgotten here. Taking a warning means that it was expected.
+    QVector<LogLine> take();
+
+    /// The texts of the lines of one category, in order; lines of other categories stay.
+    QStringList takeTexts(const QString &category);
+
+    /// Drops what was logged so far, but keeps warnings.
+    void skipDebug();
+
+    /// Warnings and worse that nobody took.
+    QStringList warnings() const;
+
+private:
+    Q_DISABLE_COPY(LogRecorder)
+
+    static void record(QtMsgType type, const QMessageLogContext &context, const QString &text);
+
+    static LogRecorder *s_current;
+    QtMessageHandler m_former;
+    mutable QMutex m_mutex;
+    QVector<LogLine> m_lines;
+};

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "tests/support/TestServices.h"
+
+#include "host/PluginInterface.h"
+
+#include <QVariantList>
+#include <QVector>
+
+/// One request that the library made of the host.
+struct HostCall
+{
+    QString name;
+    QVariantList arguments;
+};
+
+bool operator==(const HostCall &left, const HostCall &right);
+/// Shows the call when a comparison fails.
+char *toString(const HostCall &call);
+
+/// A host that keeps every request and hands out what a test puts in.
+class TestPlugin : public PluginInterface
+{
+    Q_OBJECT
+
+public:
+    TestPlugin();
+
+    QVariant appParameter(const QString &key, const QVariant &defaultValue) const override;
+    QVariant sysParameter(const QString &key, const QVariant &defaultValue) const override;
+    QMap<QString, QVariant> appParameterGroup(const QString &group) const override;
+    QMap<QString, QVariant> sysParameterGroup(const QString &group) const override;
+    QMap<QString, QVariant> emailParameters() const override;
+    QSharedPointer<IDevice> device(const Device &device) const override;
+    QSharedPointer<IPrinter> printer(const Device &device) const override;
+    QSharedPointer<IKeyboard> keyboard() const override;
+    QSharedPointer<IUsersDatabase> databaseUsers() const override;
+    QSharedPointer<IInteractionService> interactionService() const override;
+    QSharedPointer<IMacrosReplacer> macrosReplacer() const override;
+
+    QSharedPointer<TestInteractionService> interaction;
+    QSharedPointer<TestMacrosReplacer> replacer;
+    QSharedPointer<Replica> replica; ///< given for every replica request
+    QStringList scriptResult; ///< given for every script start
+
+    QVector<HostCall> calls;
+};
