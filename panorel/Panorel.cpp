@@ -6,12 +6,18 @@
 #include "panorel/Panorel_p.h"
 #include "panorel/ReplicContext.h"
 #include "panorel/RobotPaths.h"
+#include "panorel/handlers/AbortRobotReplicHandler.h"
+#include "panorel/handlers/FaceRecognizeControlHandler.h"
+#include "panorel/handlers/GeneralTouchHandler.h"
+#include "panorel/handlers/GetReplicHandler.h"
 #include "panorel/handlers/InteractionHandler.h"
 #include "panorel/handlers/LanguageHandler.h"
 #include "panorel/handlers/LogEventHandler.h"
 #include "panorel/handlers/OperatorCallHandler.h"
+#include "panorel/handlers/ReplicEventHandler.h"
 #include "panorel/handlers/ScriptControlHandler.h"
 #include "panorel/handlers/StatisticEventHandler.h"
+#include "panorel/handlers/UserDatabaseHandler.h"
 
 #include "host/KarvelDialogModule.h"
 
@@ -68,11 +74,17 @@ void Panorel::defaultHandlers(PluginInterface *plugin, KarvelDialogModule *dialo
 
     // The registry: one line for each handler, in the order in which they are subscribed.
     const auto add = [this](auto *handler) { registerEventHandler(handler->topic(), handler); };
+    add(new ReplicEventHandler(d->context, plugin, dialog));
+    add(new GetReplicHandler(d->context, d->brocker));
     add(new LogEventHandler);
     add(createStatisticEventHandler(d->statisticPeriodicity));
+    add(new AbortRobotReplicHandler(d->context, plugin));
     add(new InteractionHandler(plugin, d->brocker));
     add(new ScriptControlHandler(plugin, d->brocker));
     add(new LanguageHandler(plugin));
+    add(new FaceRecognizeControlHandler(plugin));
+    add(new GeneralTouchHandler(plugin, d->brocker));
+    add(new UserDatabaseHandler(plugin, d->brocker));
     add(new OperatorCallHandler(plugin));
 
     // Last and subscribed by itself: on each topic of the page it runs after every other handler.

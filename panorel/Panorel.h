@@ -18,10 +18,13 @@
 
 #include <functional>
 
+class Answer;
+class FaceInfo;
 class FaceRect;
 class FaceTrainStatus;
 class KarvelDialogModule;
 class PluginInterface;
+class Replica;
 class UserData;
 
 namespace panorel {
@@ -70,7 +73,8 @@ public:
     /// arguments are ignored; they keep older callers compiling.
     void load(const QString &url, const QString & = QString(), bool = false);
 
-    // What happens on the robot. Enumerations travel as their integer values.
+    // What happens on the robot. Enumerations travel as their integer values. Pointers must not be
+    // null; what is null is passed over.
 
     /// "user.has.user": the person's attributes, and its id as "user_id".
     void hasUser(const UserData &user);
@@ -78,6 +82,12 @@ public:
     void lostUser();
     /// "dialog.user.said": "text" and "is_finish", false while the recognition still changes it.
     void userSaid(const QString &text, bool isFinish);
+    /// "dialog.greeting.load": "greeting", the replica without its screen text.
+    void greeting(const QSharedPointer<Replica> &replica);
+    /// "dialog.replica.extra.load": "replica".
+    void extraReplica(const QSharedPointer<Replica> &replica);
+    /// "dialog.answer.load": "answer", what the dialog engine answers to what the user said.
+    void answerResult(const QSharedPointer<Answer> &answer);
     /// "dialog.action": "meta", a list of texts.
     void userAction(const QStringList &meta);
     /// "dialog.robot.replic.start": "text".
@@ -104,6 +114,9 @@ public:
     void faceAddStatus(const FaceTrainStatus &status);
     /// "face.recognize.general": "general", the id of the face that counts most now.
     void faceGeneral(const long long &general);
+    /// "face.recognize.info": "info", the faces that the camera sees, each under a random key; and
+    /// before that, inside only, "system.general.touch" with the vector itself.
+    void faceInfo(const QVector<QSharedPointer<FaceInfo>> &faces);
     /// "system.general.touch", inside only: where the faces stand, for a later touch of the page.
     void faceRect(const QVector<QSharedPointer<FaceRect>> &rects);
     /// "operator.control.status": "status", whether an operator has taken over.

@@ -4,8 +4,10 @@
 #include "panorel/MessageQueueBrocker.h"
 #include "panorel/Panorel.h"
 #include "panorel/Panorel_p.h"
+#include "panorel/RecordConversion.h"
 #include "panorel/ReplicContext.h"
 
+#include "host/FaceInfo.h"
 #include "host/FaceRect.h"
 #include "host/FaceTrainStatus.h"
 #include "host/UserData.h"
@@ -28,6 +30,30 @@ void Panorel::userSaid(const QString &text, bool isFinish)
 {
     d->brocker->publish(Message(
         USER_SAID, {{QStringLiteral("text"), text}, {QStringLiteral("is_finish"), isFinish}}));
+}
+
+void Panorel::greeting(const QSharedPointer<Replica> &replica)
+{
+    if (!replica)
+        return;
+    // A greeting is shown by its spoken text alone.
+    d->brocker->publish(Message(
+        LOAD_GREETING, {{QStringLiteral("greeting"), toMap(*replica, ScreenText::LeftOut)}}));
+}
+
+void Panorel::extraReplica(const QSharedPointer<Replica> &replica)
+{
+    if (!replica)
+        return;
+    d->brocker->publish(
+        Message(LOAD_EXTRA_REPLICA, {{QStringLiteral("replica"), toMap(*replica)}}));
+}
+
+void Panorel::answerResult(const QSharedPointer<Answer> &answer)
+{
+    if (!answer)
+        return;
+    d->brocker->publish(Message(LOAD_ANSWER, {{QStringLiteral("answer"), toMap(*answer)}}));
 }
 
 void Panorel::userAction(const QStringList &meta)
@@ -90,6 +116,20 @@ void Panorel::faceAddStatus(const FaceTrainStatus &status)
 void Panorel::faceGeneral(const long long &general)
 {
     d->brocker->publish(Message(FACE_RECOGNIZE_GENERAL, {{QStringLiteral("general"), general}}));
+}
+
+void Panorel::faceInfo(const QVector<QSharedPointer<FaceInfo>> &faces)
+{
+    const QString key = QStringLiteral("info");
+    // First the touch handler, so that it knows the faces no later than the page.
+    d->brocker->publish(Message(GENERAL_TOUCH, {{key, QVariant::fromValue(faces)}}));
+
+    QVariantMap all;
+    for (const QSharedPointer<FaceInfo> &face : faces) {
+        if (face)
+            all.insert(randomKey(), toMap(*face));
+    }
+    d->brocker->publish(Message(FACE_RECOGNIZE_INFO, {{key, all}}));
 }
 
 void Panorel::faceRect(const QVector<QSharedPointer<FaceRect>> &rects)
