@@ -4,4 +4,6 @@ namespace panorel {
 
 MessageHandler::~MessageHandler() = default;
 
+bool MessageHandler::isRetired() const { return m_retired; }
+
 } // namespace panorel

@@ -17,8 +17,16 @@ public:
     /// and clear the broker.
     virtual void handle(Message message) = 0;
 
+protected:
+    /// Whether the broker was cleared and this handler only waits for its deletion. A handler that
+    /// acts on signals of the host stays silent then: its successor may stand already.
+    bool isRetired() const;
+
 private:
+    friend class PanorelQueueBrocker;
     Q_DISABLE_COPY(MessageHandler)
+
+    bool m_retired = false;
 };
 
 } // namespace panorel

@@ -37,6 +37,24 @@ bool isFaceReport(const Message &message)
         || attributes.contains(QStringLiteral("info"));
 }
 
+/// Opens the question of QObject, asked in a slot, who called it.
+class SenderQuestion : public QObject
+{
+public:
+    static bool isAnswered(const QObject *receiver)
+    {
+        return (receiver->*(&SenderQuestion::sender))() != nullptr;
+    }
+};
+
+/// Whether @p handler is in one of its own slots right now, the functors of its connections
+/// included.
+bool isInASlot(const MessageHandler *handler)
+{
+    const auto *object = dynamic_cast<const QObject *>(handler);
+    return object && SenderQuestion::isAnswered(object);
+}
+
 /// Each handler of the table once, without the null ones.
 QList<MessageHandler *> distinctHandlers(const QMap<QString, QList<MessageHandler *>> &table)
 {
@@ -55,7 +73,7 @@ QList<MessageHandler *> distinctHandlers(const QMap<QString, QList<MessageHandle
 
 } // namespace
 
-/// Marks a delivery; the end of the outermost one retires the handlers that were cleared in it.
+/// Marks a delivery; after the outermost one the handlers that were cleared in it are deleted.
 class PanorelQueueBrocker::DeliveryScope
 {
 public:
@@ -68,7 +86,7 @@ public:
     ~DeliveryScope()
     {
         if (--m_brocker->m_deliveries == 0 && !m_brocker->m_cleared.isEmpty())
-            m_brocker->retire(std::exchange(m_brocker->m_cleared, {}));
+            m_brocker->deleteLater(std::exchange(m_brocker->m_cleared, {}));
     }
 
 private:
@@ -134,13 +152,25 @@ void PanorelQueueBrocker::clear()
     qCDebug(lcPanorel) << "Delete handlers";
     // The table goes first: a handler that publishes while it is deleted reaches nobody.
     const QList<MessageHandler *> handlers = distinctHandlers(std::exchange(m_handlers, {}));
-    if (m_deliveries > 0)
+    for (MessageHandler *handler : handlers)
+        handler->m_retired = true;
+    if (m_deliveries > 0) {
         m_cleared += handlers;
-    else
-        qDeleteAll(handlers);
+        return;
+    }
+
+    QList<MessageHandler *> inASlot;
+    for (MessageHandler *handler : handlers) {
+        if (isInASlot(handler))
+            inASlot.append(handler);
+        else
+            delete handler;
+    }
+    if (!inASlot.isEmpty())
+        deleteLater(inASlot);
 }
 
-void PanorelQueueBrocker::retire(const QList<MessageHandler *> &handlers)
+void PanorelQueueBrocker::deleteLater(const QList<MessageHandler *> &handlers)
 {
     (new RetiredHandlers(handlers, &m_retired))->deleteLater();
 }

@@ -15,8 +15,10 @@ namespace panorel {
 ///
 /// Handlers may do anything to the broker while they run. A running delivery always reaches every
 /// handler of its snapshot; handlers cleared meanwhile stay alive until the outermost delivery has
-/// ended and the event loop has turned, so that none dies inside its own code or its own signal.
-/// Only deleting the broker itself has to wait until no delivery is running.
+/// ended and the event loop has turned. A handler that is a QObject and in one of its own slots
+/// stays alive until the event loop has turned, too. So none dies inside its own code, and none of
+/// the objects that it owns inside its own signal. Only deleting the broker itself has to wait until
+/// no handler is running.
 class PANOREL_EXPORT PanorelQueueBrocker : public MessageQueueBrocker
 {
 public:
@@ -32,13 +34,14 @@ public:
     void subscribe(QString topic, std::function<void(Message)> function) override;
     void unSubscribe(QString topic, MessageHandler *handler) override;
 
-    /// Outside a delivery the handlers are deleted before this returns.
+    /// Outside a delivery the handlers are deleted before this returns, but for those that are in
+    /// one of their own slots.
     void clear() override;
 
 private:
     class DeliveryScope;
 
-    void retire(const QList<MessageHandler *> &handlers);
+    void deleteLater(const QList<MessageHandler *> &handlers);
 
     QMap<QString, QList<MessageHandler *>> m_handlers;
     int m_deliveries = 0;

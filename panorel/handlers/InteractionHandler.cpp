@@ -18,15 +18,13 @@ InteractionHandler::InteractionHandler(PluginInterface *plugin, MessageQueueBroc
     const auto service = m_plugin ? m_plugin->interactionService() : nullptr;
     if (!service)
         return;
-    connect(
-        service.data(), &IInteractionService::started, this, [this](Interaction::Reason reason) {
-            m_brocker->publish(Message(constants::INTERACTION_STATE,
-                                       {{QStringLiteral("state"), QStringLiteral("Interaction")},
-                                        {QStringLiteral("Reason"), static_cast<int>(reason)}}));
-        });
+    connect(service.data(), &IInteractionService::started, this,
+            [this](Interaction::Reason reason) {
+                publishState({{QStringLiteral("state"), QStringLiteral("Interaction")},
+                              {QStringLiteral("Reason"), static_cast<int>(reason)}});
+            });
     connect(service.data(), &IInteractionService::finished, this, [this] {
-        m_brocker->publish(Message(constants::INTERACTION_STATE,
-                                   {{QStringLiteral("state"), QStringLiteral("NonInteraction")}}));
+        publishState({{QStringLiteral("state"), QStringLiteral("NonInteraction")}});
     });
 }
 
@@ -45,6 +43,13 @@ void InteractionHandler::handle(Message message)
         service->start();
     else if (state == QLatin1String("Stop"))
         service->stop();
+}
+
+void InteractionHandler::publishState(const QVariantMap &attributes)
+{
+    if (isRetired())
+        return; // the successor tells the page
+    m_brocker->publish(Message(constants::INTERACTION_STATE, attributes));
 }
 
 } // namespace panorel

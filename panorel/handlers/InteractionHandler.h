@@ -28,6 +28,8 @@ public:
     void handle(Message message) override;
 
 private:
+    void publishState(const QVariantMap &attributes);
+
     PluginInterface *m_plugin;
     MessageQueueBrocker *m_brocker;
 };

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void asksForTheServiceEachTime();
     void registersTheReason();
     void hearsNothingOnceDeleted();
+    void staysSilentOnceCleared();
     void livesWithoutAService();
     void livesWithoutAHost();
 };
@@ -109,6 +110,22 @@ void InteractionHandlerTest::hearsNothingOnceDeleted()
     watch(QStringLiteral("system.interaction.state"));
     Q_EMIT plugin()->interaction->started(Interaction::Unknown);
     Q_EMIT plugin()->interaction->finished();
+}
+
+void InteractionHandlerTest::staysSilentOnceCleared()
+{
+    // Cleared inside a delivery it still lives, beside the successor that tells the page.
+    create(plugin());
+    const QString host = QStringLiteral("cookie.set");
+    brocker()->subscribe(host, [this](const Message &) {
+        brocker()->clear();
+        create(plugin());
+        Q_EMIT plugin()->interaction->started(Interaction::Unknown);
+        Q_EMIT plugin()->interaction->finished();
+    });
+    brocker()->publish(Message(host));
+    QCOMPARE(replies().count(), 2);
+    replies().clear();
 }
 
 void InteractionHandlerTest::livesWithoutAService()

@@ -127,6 +127,8 @@ private Q_SLOTS:
     void destructorDeletesWhatStillWaits();
     void clearFromADeviceSignalAfterAPublish();
     void clearFromADeviceSignalOutsideADelivery();
+    void clearFromTheHandlersOwnSlot();
+    void clearFromTheHandlersOwnQueuedSlot();
     void clearWhileAnOwnedObjectEmits();
     void subscribesAnewAfterAClearInADelivery();
 };
@@ -581,6 +583,50 @@ void PanorelQueueBrockerTest::clearFromADeviceSignalOutsideADelivery()
     QCOMPARE(CountedHandler::count(), 0);
     Q_EMIT device.changed();
     QCOMPARE(reactions, 1);
+}
+
+void PanorelQueueBrockerTest::clearFromTheHandlersOwnSlot()
+{
+    // No delivery is running; the handler goes on after the clear, and so does the object that it
+    // owns and that emits.
+    auto *handler = new EmittingHandler([this] {
+        m_brocker->clear();
+        m_order.append(QStringLiteral("cleared"));
+    });
+    m_brocker->subscribe(topicA, handler);
+    m_brocker->subscribe(topicB, new CountedHandler);
+    handler->emitChange();
+    QCOMPARE(takeOrder(), QStringList({QStringLiteral("cleared")}));
+    QCOMPARE(CountedHandler::count(), 1); // the other one went at once
+    turnEventLoop();
+    QCOMPARE(CountedHandler::count(), 0);
+
+    Device device;
+    auto *reacting = new DeviceHandler(&device, [this] { m_brocker->clear(); });
+    m_brocker->subscribe(topicA, reacting);
+    Q_EMIT device.changed();
+    QCOMPARE(reacting->reactions, 1);
+    turnEventLoop();
+    QCOMPARE(CountedHandler::count(), 0);
+}
+
+void PanorelQueueBrockerTest::clearFromTheHandlersOwnQueuedSlot()
+{
+    auto *handler = new EmittingHandler([] {});
+    Device device;
+    bool alive = false;
+    connect(
+        &device, &Device::changed, handler,
+        [&] {
+            m_brocker->clear();
+            alive = CountedHandler::count() == 1;
+        },
+        Qt::QueuedConnection);
+    m_brocker->subscribe(topicA, handler);
+    Q_EMIT device.changed();
+    turnEventLoop();
+    QVERIFY(alive);
+    QTRY_COMPARE(CountedHandler::count(), 0);
 }
 
 void PanorelQueueBrockerTest::clearWhileAnOwnedObjectEmits()

@@ -33,6 +33,20 @@ QVector<LogLine> LogRecorder::take()
     return lines;
 }
 
+LogLine LogRecorder::takeFirst()
+{
+    const QMutexLocker locker(&m_mutex);
+    return m_lines.isEmpty() ? LogLine{QtDebugMsg, QString(), QString()} : m_lines.takeFirst();
+}
+
+void LogRecorder::drop(const QString &text)
+{
+    const QMutexLocker locker(&m_mutex);
+    m_lines.erase(std::remove_if(m_lines.begin(), m_lines.end(),
+                                 [&text](const LogLine &line) { return line.text.contains(text); }),
+                  m_lines.end());
+}
+
 QStringList LogRecorder::takeTexts(const QString &category)
 {
     const QMutexLocker locker(&m_mutex);

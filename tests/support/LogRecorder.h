@@ -26,6 +26,12 @@ public:
     /// The lines so far, which are forgotten here. Taking a warning means that it was expected.
     QVector<LogLine> take();
 
+    /// The oldest line, which is forgotten here; an empty one when there is none.
+    LogLine takeFirst();
+
+    /// Forgets the lines that hold @p text, warnings included.
+    void drop(const QString &text);
+
     /// The texts of the lines of one category, in order; lines of other categories stay.
     QStringList takeTexts(const QString &category);
 
