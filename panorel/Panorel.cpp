@@ -21,6 +21,7 @@
 
 #include "host/KarvelDialogModule.h"
 
+#include <QScopedValueRollback>
 #include <QUrl>
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
@@ -59,6 +60,12 @@ MessageQueueBrocker *Panorel::brocker() const { return d->brocker; }
 
 void Panorel::defaultHandlers(PluginInterface *plugin, KarvelDialogModule *dialog)
 {
+    // A host that is called in between, by a handler's destructor or for the question handler, may
+    // call this again: the set is being built already.
+    if (d->buildingHandlers)
+        return;
+    const QScopedValueRollback<bool> building(d->buildingHandlers, true);
+
     if (!d->context)
         d->context = new ReplicContext(plugin);
     d->brocker->clear();

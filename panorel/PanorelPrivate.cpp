@@ -15,8 +15,11 @@ namespace panorel {
 
 PanorelPrivate::~PanorelPrivate()
 {
+    // Both outlive the bus, as children of the widget.
     if (proxy)
         proxy->detach();
+    if (questionHandler)
+        questionHandler->detach();
     delete brocker;
     delete context;
 }

@@ -25,9 +25,8 @@ void PanorelQuestionHandler::setQuestion(QString &question, QStringList &answers
 {
     Q_UNUSED(repeat)
     m_inWork = true;
-    m_brocker->publish(
-        Message(constants::QUESTION_NEW,
-                {{QStringLiteral("text"), question}, {QStringLiteral("answers"), answers}}));
+    publish(Message(constants::QUESTION_NEW,
+                    {{QStringLiteral("text"), question}, {QStringLiteral("answers"), answers}}));
 }
 
 void PanorelQuestionHandler::cancel()
@@ -35,10 +34,18 @@ void PanorelQuestionHandler::cancel()
     if (!m_inWork)
         return;
     m_inWork = false;
-    m_brocker->publish(Message(constants::QUESTION_CANCEL));
+    publish(Message(constants::QUESTION_CANCEL));
 }
 
 bool PanorelQuestionHandler::inWork() { return m_inWork; }
+
+void PanorelQuestionHandler::detach() { m_brocker = nullptr; }
+
+void PanorelQuestionHandler::publish(const Message &message)
+{
+    if (m_brocker)
+        m_brocker->publish(message);
+}
 
 void PanorelQuestionHandler::answer(const QString &text)
 {

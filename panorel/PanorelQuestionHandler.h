@@ -6,6 +6,7 @@
 
 namespace panorel {
 
+class Message;
 class MessageQueueBrocker;
 
 /// Shows the dialog engine's questions on the page and hands the page's answers to the engine.
@@ -17,8 +18,8 @@ class PANOREL_EXPORT PanorelQuestionHandler : public QuestionHandler
     Q_OBJECT
 
 public:
-    /// Subscribes itself to the page's answers. @p brocker is not owned; the destructor does not
-    /// touch it, so it may go first.
+    /// Subscribes itself to the page's answers. @p brocker is not owned; when it goes first,
+    /// detach() has to be called.
     explicit PanorelQuestionHandler(MessageQueueBrocker *brocker, QObject *parent = nullptr);
     ~PanorelQuestionHandler() override;
 
@@ -30,10 +31,15 @@ public:
 
     bool inWork() override;
 
+    /// Called when the bus goes: from then on questions reach nobody.
+    void detach();
+
     /// Emits hasAnswer with @p text and a fresh id.
     void answer(const QString &text);
 
 private:
+    void publish(const Message &message);
+
     MessageQueueBrocker *m_brocker;
     bool m_inWork = false;
 };

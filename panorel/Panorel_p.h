@@ -37,6 +37,7 @@ public:
     PanorelProxy *proxy = nullptr; // child of the widget
     ReplicContext *context = nullptr; // owned; made by the first defaultHandlers()
     QPointer<PanorelQuestionHandler> questionHandler; // child of the widget
+    bool buildingHandlers = false; // defaultHandlers() is running
 
 protected:
     /// Makes the bus. Override to bring one that does more, for example records what it delivers.

@@ -59,6 +59,7 @@ private Q_SLOTS:
     void staysInWorkAfterAnAnswer();
     void passesOnAnAnswerWithoutAQuestion();
     void survivesTheBroker();
+    void asksNobodyOnceDetached();
     void brokerSurvivesTheHandler();
     void hasAParent();
 };
@@ -173,6 +174,16 @@ void PanorelQuestionHandlerTest::survivesTheBroker()
 {
     m_brocker.reset();
     m_handler.reset(); // must not touch the broker
+}
+
+void PanorelQuestionHandlerTest::asksNobodyOnceDetached()
+{
+    m_handler->detach();
+    m_handler->setQuestion(m_question, m_answers, false);
+    m_handler->cancel();
+    QVERIFY(m_published.isEmpty());
+    m_brocker.reset();
+    m_handler->setQuestion(m_question, m_answers, false);
 }
 
 void PanorelQuestionHandlerTest::brokerSurvivesTheHandler()
