@@ -1,6 +1,11 @@
 # Options and the compiler settings that all targets of this project share.
 
 set(PANOREL_ROBOT_HOME "/home/karvel" CACHE STRING "Home folder of the robot's user")
+string(REGEX REPLACE "/+$" "" panorel_robot_home "${PANOREL_ROBOT_HOME}")
+if(NOT IS_ABSOLUTE "${PANOREL_ROBOT_HOME}")
+  message(FATAL_ERROR
+    "PANOREL_ROBOT_HOME is \"${PANOREL_ROBOT_HOME}\": give the home folder as an absolute path.")
+endif()
 set(PANOREL_HOST_TARGET "" CACHE STRING "Existing target to use as Panorel::host")
 option(PANOREL_BUILD_SIMULATOR "Build the robot on a desk" ${PANOREL_TOP_LEVEL})
 option(PANOREL_BUILD_EXAMPLES "Build the numbered examples" ${PANOREL_TOP_LEVEL})

@@ -1,12 +1,37 @@
-// A host's use of the bus, the records and the default paths, seen from outside.
+// A host's use of the library from outside: every class that it may want is exported.
 
-#include "host/Replica.h"
+#include "host/Answer.h"
+#include "host/FaceRect.h"
+#include "host/FaceTrainStatus.h"
+#include "host/UserData.h"
+#include "panorel/AsyncExecutor.h"
+#include "panorel/AsyncTask.h"
 #include "panorel/Constants.h"
+#include "panorel/FunctionalHandler.h"
+#include "panorel/Panorel.h"
+#include "panorel/PanorelMessageHandler.h"
+#include "panorel/PanorelProxy.h"
+#include "panorel/PanorelQuestionHandler.h"
 #include "panorel/PanorelQueueBrocker.h"
+#include "panorel/Panorel_p.h"
+#include "panorel/ReplicContext.h"
 #include "panorel/RobotPaths.h"
+#include "panorel/handlers/AbortRobotReplicHandler.h"
+#include "panorel/handlers/FaceRecognizeControlHandler.h"
+#include "panorel/handlers/GeneralTouchHandler.h"
+#include "panorel/handlers/GetReplicHandler.h"
+#include "panorel/handlers/InteractionHandler.h"
+#include "panorel/handlers/LanguageHandler.h"
 #include "panorel/handlers/LogEventHandler.h"
+#include "panorel/handlers/OperatorCallHandler.h"
+#include "panorel/handlers/ReplicEventHandler.h"
+#include "panorel/handlers/ScriptControlHandler.h"
+#include "panorel/handlers/StatisticEventHandler.h"
+#include "panorel/handlers/UserDatabaseHandler.h"
 
 #include <cstdio>
+
+using namespace panorel;
 
 namespace {
 
@@ -20,23 +45,91 @@ void check(bool right, const char *what)
     }
 }
 
-} // namespace
-
-int main()
+/// Linked, not run: a widget needs a display.
+class Screen : public Panorel
 {
-    panorel::PanorelQueueBrocker bus;
-    auto *handler = new panorel::LogEventHandler;
-    bus.subscribe(handler->topic(), handler);
-    int received = 0;
-    bus.subscribe(panorel::constants::LOG, [&received](const panorel::Message &) { ++received; });
-    bus.publish(panorel::Message(panorel::constants::LOG));
-    check(received == 1, "delivery");
+public:
+    Screen()
+        : Panorel(*new PanorelPrivate)
+    { }
+};
 
+void checkBus()
+{
+    PanorelQueueBrocker bus;
+    int received = 0;
+    bus.subscribe(constants::LOG, [&received](const Message &) { ++received; });
+    bus.subscribe(constants::LOG,
+                  new FunctionalHandler([&received](const Message &) { ++received; }));
+    bus.publish(Message(constants::LOG));
+    check(received == 2, "delivery");
+}
+
+void checkHandlers()
+{
+    PanorelQueueBrocker bus;
+    PanorelProxy proxy(&bus);
+    ReplicContext context(nullptr);
+    const PanorelQuestionHandler question(&bus);
+    const auto add = [&bus](auto *handler) { bus.subscribe(handler->topic(), handler); };
+    add(new AbortRobotReplicHandler(&context, nullptr));
+    add(new FaceRecognizeControlHandler(nullptr));
+    add(new GeneralTouchHandler(nullptr, &bus));
+    add(new GetReplicHandler(&context, &bus));
+    add(new InteractionHandler(nullptr, &bus));
+    add(new LanguageHandler(nullptr));
+    add(new LogEventHandler);
+    add(new OperatorCallHandler(nullptr));
+    add(new ReplicEventHandler(&context, nullptr, nullptr));
+    add(new ScriptControlHandler(nullptr, &bus));
+    add(new StatisticEventHandler(QString()));
+    add(new UserDatabaseHandler(nullptr, &bus));
+    new PanorelMessageHandler(&proxy);
+    QStringList toPage;
+    QObject::connect(&proxy, &PanorelProxy::message, [&toPage](const QJsonObject &message) {
+        toPage.append(message.value(QStringLiteral("type")).toString());
+    });
+    proxy.sendMessage({{QStringLiteral("type"), constants::DATABASE_USER_REQUEST}});
+    check(toPage == QStringList({constants::DATABASE_USER_RESPONSE}), "request and reply");
+}
+
+void checkTasks()
+{
+    int calls = 0;
+    AsyncTask([&calls] { ++calls; }).run();
+    {
+        AsyncExecutor executor(1);
+        executor.execute([&calls] { ++calls; });
+    }
+    check(calls == 2, "tasks");
+}
+
+void checkRecords()
+{
     Replica replica;
     replica.setActions(QStringLiteral("wave,nod"));
-    check(replica.actions().size() == 2, "records");
+    Answer answer;
+    answer.setReplica(replica);
+    check(answer.replica().actions().size() == 2, "dialog records");
+    UserData user;
+    FaceInfo face;
+    face.setId(7);
+    user.setInfo(face);
+    check(user.toJson().value(QStringLiteral("id")).toInt() == 7, "people");
+    check(FaceRect(QRectF(), 3).idTrack() + FaceTrainStatus(4).step() == 7, "faces");
+}
 
-    check(panorel::paths::statisticDirectory() == QStringLiteral("/home/karvel/.karvel/statistic/"),
+} // namespace
+
+int main(int argc, char **)
+{
+    if (argc > 1)
+        Screen().show();
+    checkBus();
+    checkHandlers();
+    checkTasks();
+    checkRecords();
+    check(paths::statisticDirectory() == QStringLiteral("/home/karvel/.karvel/statistic/"),
           "default folder of the statistics");
     return failures;
 }
