@@ -1,5 +1,8 @@
 # Fails when a source file is not formatted as .clang-format says.
 
+if(NOT CLANG_FORMAT)
+  message(FATAL_ERROR "clang-format is missing; install it and configure again.")
+endif()
 foreach(folder host panorel simulator tests examples)
   file(GLOB_RECURSE found ${ROOT}/${folder}/*.cpp ${ROOT}/${folder}/*.h)
   list(APPEND files ${found})

@@ -16,4 +16,4 @@ for document in documents:
     for link in re.findall(r"\]\(([^)#]+)", text):
         if "://" not in link and not (document.parent / link).exists():
             broken.append(f"{document.relative_to(root)} links to {link}, which is not there")
-sys.exit("\n".join(broken))
+sys.exit("\n".join(broken) or 0)

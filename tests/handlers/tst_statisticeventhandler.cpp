@@ -33,7 +33,7 @@ private:
     void record(const QVariantMap &attributes)
     {
         request(attributes, QString());
-        QCOMPARE(log().take(), QVector<LogLine>());
+        QCOMPARE(log().take(), QVector<LogLine>()); // the handler itself logs nothing
     }
     void record(const QString &topic, const QStringList &data)
     {
@@ -113,11 +113,14 @@ void StatisticEventHandlerTest::namesTheFolderAfterThePeriod()
 
 void StatisticEventHandlerTest::appendsRecordsByteForByte()
 {
-    const QString folder = today();
-    record(QStringLiteral("visits"), {QStringLiteral("10:00;Grüße\r\n")});
-    record(QStringLiteral("visits"), {QStringLiteral("10:01;\"x\"\n")});
-    if (folder != today())
-        return; // midnight passed in between
+    // Begun anew when midnight passes in between.
+    QString folder;
+    do {
+        QDir(m_directory).removeRecursively();
+        folder = today();
+        record(QStringLiteral("visits"), {QStringLiteral("10:00;Grüße\r\n")});
+        record(QStringLiteral("visits"), {QStringLiteral("10:01;\"x\"\n")});
+    } while (folder != today());
     const QString path = folder + QStringLiteral("/visits.csv");
     QCOMPARE(files(),
              (QMap<QString, QByteArray>{{path,
@@ -151,6 +154,7 @@ void StatisticEventHandlerTest::writesOneFileForEachTopic()
     QStringList names;
     for (const QString &path : files().keys())
         names.append(path.section(QLatin1Char('/'), -1));
+    names.sort();
     QCOMPARE(names,
              QStringList({QStringLiteral("a topic: with %1 änd ..csv"),
                           QStringLiteral("touches.csv"), QStringLiteral("visits.csv")}));
@@ -193,10 +197,11 @@ void StatisticEventHandlerTest::refusesTopicsThatLeaveTheFolder()
 
 void StatisticEventHandlerTest::changesThePeriodForTheNextRecord()
 {
-    const QString year = QDate::currentDate().toString(QStringLiteral("yyyy"));
     m_handler->setPeriodicity(QStringLiteral("year"));
     record(QStringLiteral("visits"), {QStringLiteral("1")});
-    QCOMPARE(files().keys(), QStringList({year + QStringLiteral("/visits.csv")}));
+    QCOMPARE(files().size(), 1);
+    const int yearLength = 4;
+    QCOMPARE(files().firstKey().indexOf(QLatin1Char('/')), yearLength);
     m_handler->setPeriodicity(QStringLiteral("month"));
     record(QStringLiteral("visits"), {QStringLiteral("2")});
     QCOMPARE(files().size(), 2);

@@ -219,7 +219,7 @@ void BridgeTest::survivesArgumentsOfTheWrongKind()
     run(QStringLiteral("robot.sendMessage(%1, function(r) { answers.push(r); })").arg(argument));
     QCOMPARE(json(QStringLiteral("answers")).array(), QJsonArray({false}));
     // The web channel itself warns about the argument.
-    log().take();
+    log().drop(QStringLiteral("non-object argument"));
 }
 
 void BridgeTest::keepsUnusualTexts_data()

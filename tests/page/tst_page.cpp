@@ -1,17 +1,16 @@
 #include "panorel/MessageQueueBrocker.h"
-#include "panorel/RobotPaths.h"
+#include "tests/page/StatisticFiles.h"
 #include "tests/page/WidgetTestCase.h"
 #include "tests/support/MessageRecorder.h"
 #include "tests/support/Topics.h"
 
 #include "host/UserData.h"
 
-#include <QDate>
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QSignalSpy>
 #include <QTcpServer>
+#include <QTcpSocket>
 #include <QUrl>
 #include <QWebEngineView>
 
@@ -100,6 +99,7 @@ private Q_SLOTS:
     void seesRobotEvents();
     void answersAQuestion();
     void writesAStatistic();
+    void loadForgetsTheCache();
     void loadIgnoresItsLaterArguments_data();
     void loadIgnoresItsLaterArguments();
     void worksAgainAfterAReload();
@@ -260,19 +260,60 @@ void PageTest::answersAQuestion()
 
 void PageTest::writesAStatistic()
 {
-    const QString path = panorel::paths::statisticDirectory()
-        + QDate::currentDate().toString(QStringLiteral("dd.MM.yyyy"))
-        + QStringLiteral("/panorel-test-page.csv");
-    QFile::remove(path);
+    const StatisticFiles files(QStringLiteral("panorel-test-page"));
+    if (!files.isWritable())
+        QSKIP("The robot's home belongs to somebody else; build with a preset for a desk.");
     defaultHandlers();
     loadRecorder();
     evaluate(QStringLiteral("robot.sendMessage({type: 'system.statistic',"
                             " topic: 'panorel-test-page', data: ['a;1\\n', 'b;2\\n']}); null"));
-    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(path), timeoutMs);
-    QFile file(path);
+    QTRY_COMPARE_WITH_TIMEOUT(files.paths().size(), 1, timeoutMs);
+    QFile file(files.paths().first());
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), QByteArray("a;1\nb;2\n"));
-    QVERIFY(file.remove());
+}
+
+void PageTest::loadForgetsTheCache()
+{
+    // A page whose script may be kept for an hour: each load() asks for it anew.
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    QList<QByteArray> requests;
+    connect(&server, &QTcpServer::newConnection, this, [&] {
+        while (QTcpSocket *socket = server.nextPendingConnection()) {
+            connect(socket, &QTcpSocket::readyRead, socket, [socket, &requests] {
+                if (!socket->peek(65536).contains("\r\n\r\n"))
+                    return;
+                const QByteArray path = socket->readAll().split(' ').value(1);
+                requests.append(path);
+                const QByteArray body = path.endsWith(".js")
+                    ? QByteArray("document.title = 'scripted';")
+                    : QByteArray("<!doctype html><script src=\"/kept.js\"></script>");
+                socket->write("HTTP/1.1 200 OK\r\nCache-Control: public, max-age=3600\r\n"
+                              "Connection: close\r\nContent-Type: "
+                              + QByteArray(path.endsWith(".js") ? "text/javascript" : "text/html")
+                              + "\r\nContent-Length: " + QByteArray::number(body.size())
+                              + "\r\n\r\n" + body);
+                socket->disconnectFromHost();
+            });
+            connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+        }
+    });
+    const QString address = QStringLiteral("http://127.0.0.1:%1/").arg(server.serverPort());
+    const auto loadAndCountScripts = [&](const QString &page) {
+        requests.clear();
+        QSignalSpy loaded(this->page(), &QWebEnginePage::loadFinished);
+        screen->load(address + page);
+        if (!loaded.wait(timeoutMs))
+            QTest::qFail("the page was not loaded", __FILE__, __LINE__);
+        return requests.count(QByteArray("/kept.js"));
+    };
+    QCOMPARE(loadAndCountScripts(QStringLiteral("a.html")), 1);
+    // From another process of the web engine's, so that only the cache could answer.
+    QSignalSpy blank(page(), &QWebEnginePage::loadFinished);
+    page()->load(QUrl(recorderPage));
+    QVERIFY(blank.wait(timeoutMs));
+    QCOMPARE(loadAndCountScripts(QStringLiteral("b.html")), 1);
 }
 
 void PageTest::loadIgnoresItsLaterArguments_data()
@@ -346,7 +387,7 @@ void PageTest::survivesOddRequests()
         QStringLiteral("robot.sendMessage({type: 'operator.call.request', call: true}); null"));
     QTRY_COMPARE_WITH_TIMEOUT(plugin->calls.isEmpty() ? QString() : plugin->calls.last().name,
                               QStringLiteral("operatorCall"), timeoutMs);
-    log().take(); // the web channel warns about arguments that are no objects
+    log().drop(QStringLiteral("non-object argument")); // by the web channel
 }
 
 void PageTest::carriesLargeTexts()
