@@ -278,7 +278,7 @@ void PageTest::writesAStatistic()
 
 void PageTest::loadForgetsTheCache()
 {
-    // A page whose script may be kept for an hour: each load() asks for it anew.
+    // A page whose script may be kept for an hour, until load() clears the cache.
     QTcpServer server;
     QVERIFY(server.listen(QHostAddress::LocalHost));
     QList<QByteArray> requests;
@@ -303,20 +303,24 @@ void PageTest::loadForgetsTheCache()
         }
     });
     const QString address = QStringLiteral("http://127.0.0.1:%1/").arg(server.serverPort());
-    const auto loadAndCountScripts = [&](const QString &page) {
-        requests.clear();
-        QSignalSpy loaded(this->page(), &QWebEnginePage::loadFinished);
-        screen->load(address + page);
-        if (!loaded.wait(timeoutMs))
-            QTest::qFail("the page was not loaded", __FILE__, __LINE__);
+    // How often the script is asked for when a page that wants it is shown; the blank page in
+    // between makes sure that only the cache could answer.
+    const auto scriptRequests = [&] {
+        for (const QString &url : {recorderPage, address}) {
+            QSignalSpy loaded(page(), &QWebEnginePage::loadFinished);
+            requests.clear();
+            page()->load(QUrl(url));
+            if (!loaded.wait(timeoutMs))
+                QTest::qFail(qPrintable(url), __FILE__, __LINE__);
+        }
         return requests.count(QByteArray("/kept.js"));
     };
-    QCOMPARE(loadAndCountScripts(QStringLiteral("a.html")), 1);
-    // From another process of the web engine's, so that only the cache could answer.
-    QSignalSpy blank(page(), &QWebEnginePage::loadFinished);
-    page()->load(QUrl(recorderPage));
-    QVERIFY(blank.wait(timeoutMs));
-    QCOMPARE(loadAndCountScripts(QStringLiteral("b.html")), 1);
+    QCOMPARE(scriptRequests(), 1);
+    QCOMPARE(scriptRequests(), 0);
+    loadRecorder();
+    // The engine clears in the background.
+    bool askedAnew = false;
+    QTRY_VERIFY_WITH_TIMEOUT(askedAnew = askedAnew || scriptRequests() == 1, timeoutMs);
 }
 
 void PageTest::loadIgnoresItsLaterArguments_data()
