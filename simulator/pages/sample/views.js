@@ -22,9 +22,18 @@ window.sample = window.sample || {};
     return node;
   }
 
+  // A button with a text that follows the language.
+  function makeButton(className, key) {
+    const button = make('button', className, sample.language.translate(key));
+    button.type = 'button';
+    button.dataset.text = key;
+    return button;
+  }
+
   // The conversation inside box. labelFor(speaker) gives a node that names the
   // speaker to screen readers.
   function createConversation(box, labelFor) {
+    const lines = sample.createLines();
     let speaking = null;    // the robot's bubble while it speaks
     let unfinished = null;  // the user's bubble while recognition goes on
 
@@ -42,6 +51,14 @@ window.sample = window.sample || {};
       return bubble;
     }
 
+    function writeBubble(bubble, text) {
+      const following = isAtEnd();
+      bubble.querySelector('.bubble-text').textContent = text;
+      if (following) {
+        scrollToEnd();
+      }
+    }
+
     // Somebody who has scrolled back to read is not pulled away from it.
     function isAtEnd() {
       return box.scrollHeight - box.scrollTop - box.clientHeight < 80;
@@ -51,9 +68,31 @@ window.sample = window.sample || {};
       box.scrollTop = box.scrollHeight;
     }
 
+    // The robot begins to speak. A line that was announced has its bubble
+    // already, or its text for the screen; any other shows what is spoken.
     function robotStarts(text) {
       robotFinishes();
-      speaking = addBubble('robot', 'is-speaking', text);
+      const line = lines.spoken(text);
+      if (line.bubble && line.bubble.isConnected) {
+        line.bubble.classList.add('is-speaking');
+        writeBubble(line.bubble, line.shown);
+      } else {
+        line.bubble = addBubble('robot', 'is-speaking', line.shown);
+      }
+      speaking = line.bubble;
+    }
+
+    // The dialog engine has chosen a line, which it mostly speaks too.
+    function robotShows(text, shown) {
+      const line = lines.announced(text, shown);
+      if (line.shown === '') {
+        return;
+      }
+      if (line.bubble && line.bubble.isConnected) {
+        writeBubble(line.bubble, line.shown);
+      } else {
+        line.bubble = addBubble('robot', '', line.shown);
+      }
     }
 
     function robotFinishes() {
@@ -82,14 +121,10 @@ window.sample = window.sample || {};
     }
 
     function writeUserText(text) {
-      if (!unfinished || !unfinished.isConnected) {
+      if (unfinished && unfinished.isConnected) {
+        writeBubble(unfinished, text);
+      } else {
         unfinished = addBubble('user', 'is-unfinished', text);
-        return;
-      }
-      const following = isAtEnd();
-      unfinished.querySelector('.bubble-text').textContent = text;
-      if (following) {
-        scrollToEnd();
       }
     }
 
@@ -97,7 +132,9 @@ window.sample = window.sample || {};
     // stay in sight.
     new ResizeObserver(scrollToEnd).observe(box);
 
-    return { robotStarts, robotFinishes, userSays };
+    return {
+      robotStarts, robotShows, robotFinishes, userSays, robotWillSay: lines.expected,
+    };
   }
 
   // The list of received messages, newest first.
@@ -116,7 +153,12 @@ window.sample = window.sample || {};
       }
     }
 
-    return { add, count: () => total };
+    // A message that is not worth a place in the list.
+    function addUnlisted() {
+      total += 1;
+    }
+
+    return { add, addUnlisted, count: () => total };
   }
 
   function toJson(attributes) {
@@ -124,6 +166,8 @@ window.sample = window.sample || {};
     return json.length > MAX_JSON_LENGTH ? json.slice(0, MAX_JSON_LENGTH) + '…' : json;
   }
 
+  sample.make = make;
+  sample.makeButton = makeButton;
   sample.createConversation = createConversation;
   sample.createMessageList = createMessageList;
 
