@@ -32,9 +32,12 @@ long long toInt64(const QVariant &value)
 {
     if (value.userType() != QMetaType::Double)
         return value.toLongLong();
-    // Not through the variant, whose rounding turns odd numbers above 2^52 into even ones.
-    const double number = std::round(value.toDouble());
-    return fitsInt64(number) ? static_cast<long long>(number) : 0;
+    const double number = value.toDouble();
+    if (!fitsInt64(number))
+        return 0;
+    // Integral numbers not through the variant, whose rounding turns odd ones above 2^52 into even
+    // ones. A fraction is always below.
+    return number == std::floor(number) ? static_cast<long long>(number) : value.toLongLong();
 }
 
 long long toInt64(const QJsonValue &value)

@@ -112,7 +112,7 @@ public:
     void driveChargerStatus(const ChargerMovementStatus &status);
     /// "face.add.status": "status", the training step.
     void faceAddStatus(const FaceTrainStatus &status);
-    /// "face.recognize.general": "general", the id of the face that counts most now.
+    /// "face.recognize.general": "general", the face that counts most now, in the host's numbering.
     void faceGeneral(const long long &general);
     /// "face.recognize.info": "info", the faces that the camera sees, each under a random key; and
     /// before that, inside only, "system.general.touch" with the vector itself.
