@@ -3,52 +3,105 @@
 #include "host/IDevice.h"
 #include "host/IKeyboard.h"
 #include "host/IPrinter.h"
-#include "host/IUsersDatabase.h"
 
-#include <QDebug>
-#include <QtTest>
+namespace {
 
-bool operator==(const HostCall &left, const HostCall &right)
+void registerIdComparison()
 {
-    return left.name == right.name && left.arguments == right.arguments;
+    if (QMetaType::hasRegisteredComparators<ID>())
+        return;
+    QMetaType::registerEqualsComparator<ID>();
+    QMetaType::registerDebugStreamOperator<ID>();
 }
 
-char *toString(const HostCall &call)
-{
-    QString text;
-    QDebug(&text) << call.name << call.arguments;
-    return QTest::toString(text);
-}
+} // namespace
 
 TestPlugin::TestPlugin()
     : interaction(QSharedPointer<TestInteractionService>::create())
     , replacer(QSharedPointer<TestMacrosReplacer>::create())
 {
-    const auto keep = [this](const char *name, const QVariantList &arguments = {}) {
-        calls.append({QString::fromLatin1(name), arguments});
-    };
+    registerIdComparison();
+    keepReplicaRequests();
+    keepSpeech();
+    keepScripts();
+    keepFaceControl();
+    keepDrive();
+}
+
+void TestPlugin::keep(const char *name, const QVariantList &arguments)
+{
+    calls.append({QString::fromLatin1(name), arguments});
+}
+
+void TestPlugin::keepReplicaRequests()
+{
     connect(this, &PluginInterface::signalGetReplica, this,
-            [this, keep](const Replica::Type &type, const QVariant &category,
-                         const bool &useGeneral, const bool &useBiometry, const FaceInfo &face) {
+            [this](const Replica::Type &type, const QVariant &category, const bool &useGeneral,
+                   const bool &useBiometry, const FaceInfo &face) {
+                faces.append(face);
                 keep("getReplica",
                      {static_cast<int>(type), category, useGeneral, useBiometry, face.id()});
                 return replica;
             });
     connect(this, &PluginInterface::signalGetAppReplica, this,
-            [this, keep](const QString &step, const QVariant &category, const bool &useGeneral,
-                         const bool &useBiometry, const FaceInfo &face) {
+            [this](const QString &step, const QVariant &category, const bool &useGeneral,
+                   const bool &useBiometry, const FaceInfo &face) {
+                faces.append(face);
                 keep("getAppReplica", {step, category, useGeneral, useBiometry, face.id()});
                 return replica;
             });
-    connect(this, &PluginInterface::signalScriptStart, this, [this, keep](const QString &script) {
+}
+
+void TestPlugin::keepSpeech()
+{
+    connect(this, &PluginInterface::signalTTSStart, this,
+            [this](const QString &text, const bool &terminate, const bool &flag, const ID &id,
+                   const Replica::Type &type) {
+                keep("ttsStart",
+                     {text, terminate, flag, QVariant::fromValue(id), static_cast<int>(type)});
+            });
+    connect(this, &PluginInterface::signalTTSCancel, this, [this] { keep("ttsCancel"); });
+    connect(this, &PluginInterface::signalAnswersAnchor, this,
+            [this](const ID &anchor) { keep("answersAnchor", {QVariant::fromValue(anchor)}); });
+    connect(this, &PluginInterface::signalLanguage, this,
+            [this](const QString &language) { keep("language", {language}); });
+}
+
+void TestPlugin::keepScripts()
+{
+    connect(this, &PluginInterface::signalScriptStart, this, [this](const QString &script) {
         keep("scriptStart", {script});
         return scriptResult;
     });
-    connect(this, &PluginInterface::signalScriptCancel, this, [keep] { keep("scriptCancel"); });
-    connect(this, &PluginInterface::signalLanguage, this,
-            [keep](const QString &language) { keep("language", {language}); });
+    connect(this, &PluginInterface::signalScriptCancel, this, [this] { keep("scriptCancel"); });
     connect(this, &PluginInterface::signalOperatorCall, this,
-            [keep](const bool &call) { keep("operatorCall", {call}); });
+            [this](const bool &call) { keep("operatorCall", {call}); });
+}
+
+void TestPlugin::keepFaceControl()
+{
+    connect(this, &PluginInterface::signalFaceTrackingAuto, this,
+            [this](const bool &automatic) { keep("faceTrackingAuto", {automatic}); });
+    connect(this, &PluginInterface::signalFaceTracking, this,
+            [this](const long long &idTrack) { keep("faceTracking", {idTrack}); });
+    connect(this, &PluginInterface::signalFaceAdd, this,
+            [this](const long long &id) { keep("faceAdd", {id}); });
+    connect(this, &PluginInterface::signalFaceDelete, this,
+            [this](const long long &id) { keep("faceDelete", {id}); });
+    connect(this, &PluginInterface::signalHeadEnable, this,
+            [this](const bool &enable) { keep("headEnable", {enable}); });
+}
+
+void TestPlugin::keepDrive()
+{
+    connect(this, &PluginInterface::signalDrivePoint, this,
+            [this](const unsigned short &point) { keep("drivePoint", {static_cast<int>(point)}); });
+    connect(this, &PluginInterface::signalDrivePause, this,
+            [this](const bool &pause) { keep("drivePause", {pause}); });
+    connect(this, &PluginInterface::signalDriveMode, this,
+            [this](const DriveMode &mode) { keep("driveMode", {static_cast<int>(mode)}); });
+    connect(this, &PluginInterface::signalDriveCharger, this,
+            [this](const bool &charger) { keep("driveCharger", {charger}); });
 }
 
 QVariant TestPlugin::appParameter(const QString &, const QVariant &defaultValue) const
@@ -73,7 +126,7 @@ QSharedPointer<IPrinter> TestPlugin::printer(const Device &) const { return {}; 
 
 QSharedPointer<IKeyboard> TestPlugin::keyboard() const { return {}; }
 
-QSharedPointer<IUsersDatabase> TestPlugin::databaseUsers() const { return {}; }
+QSharedPointer<IUsersDatabase> TestPlugin::databaseUsers() const { return users; }
 
 QSharedPointer<IInteractionService> TestPlugin::interactionService() const { return interaction; }
 

@@ -4,20 +4,6 @@
 
 #include "host/PluginInterface.h"
 
-#include <QVariantList>
-#include <QVector>
-
-/// One request that the library made of the host.
-struct HostCall
-{
-    QString name;
-    QVariantList arguments;
-};
-
-bool operator==(const HostCall &left, const HostCall &right);
-/// Shows the call when a comparison fails.
-char *toString(const HostCall &call);
-
 /// A host that keeps every request and hands out what a test puts in.
 class TestPlugin : public PluginInterface
 {
@@ -40,8 +26,19 @@ public:
 
     QSharedPointer<TestInteractionService> interaction;
     QSharedPointer<TestMacrosReplacer> replacer;
+    QSharedPointer<TestUsersDatabase> users; ///< null at first
     QSharedPointer<Replica> replica; ///< given for every replica request
     QStringList scriptResult; ///< given for every script start
 
+    /// In the order in which they were made. Of a face they hold the id.
     QVector<HostCall> calls;
+    QVector<FaceInfo> faces; ///< the face of each replica request
+
+private:
+    void keep(const char *name, const QVariantList &arguments = {});
+    void keepReplicaRequests();
+    void keepSpeech();
+    void keepScripts();
+    void keepFaceControl();
+    void keepDrive();
 };
