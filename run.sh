@@ -15,8 +15,10 @@ sample page and, beside it, the robot. Without a display the same runs under Xvf
   --screenshot FILE   show the page, wait until page and robot have exchanged messages, write a
                       PNG of the whole window to FILE, and end
   --page PAGE         show this page instead: a file, a folder with an index.html, or an address
+  --scenario FILE     let the robot say and understand what this JSON file describes
   --demo              play a short visit: somebody comes, talks to the robot, answers a question
   --speed FACTOR      let the robot act FACTOR times as fast (2: twice)
+  --data FOLDER       keep whom the robot knows in FOLDER; default: your own data folder
   --log               write the library's debug log to standard error
   --preset NAME       build with this CMake preset (dev, asan, ci, release); default: dev
   --no-install        install nothing; fail when something is missing
@@ -32,7 +34,7 @@ screenshot=
 arguments=()
 value_of() { [ $# -ge 2 ] || { say "$1 needs a value; see ./run.sh --help."; exit 2; }; }
 # Paths are the caller's, and the build changes the folder.
-absolute() { case "$1" in /* | *://*) printf '%s' "$1" ;; *) printf '%s/%s' "$caller" "$1" ;; esac; }
+absolute() { case "$1" in /* | [a-z]*:*) printf '%s' "$1" ;; *) printf '%s/%s' "$caller" "$1" ;; esac; }
 while [ $# -gt 0 ]; do
     case "$1" in
         --help | -h) usage; exit 0 ;;
@@ -45,7 +47,8 @@ while [ $# -gt 0 ]; do
             shift 2
             ;;
         --page) value_of "$@"; arguments+=("$1" "$(absolute "$2")"); shift 2 ;;
-        --speed) value_of "$@"; arguments+=("$1" "$2"); shift 2 ;;
+        --scenario) value_of "$@"; arguments+=("$1" "$(absolute "$2")"); shift 2 ;;
+        --speed | --data) value_of "$@"; arguments+=("$1" "$2"); shift 2 ;;
         --demo | --log) arguments+=("$1"); shift ;;
         *) say "unknown option $1; see ./run.sh --help."; exit 2 ;;
     esac
@@ -58,7 +61,7 @@ handle_root
 
 simulator="$root/build/$preset/bin/panorel-simulator"
 cd "$caller"
-if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+if [ -n "${DISPLAY:-}" ]; then
     exec "$simulator" "${arguments[@]}"
 fi
 

@@ -19,6 +19,11 @@ struct Options
         QStringLiteral("The page to show: an HTML file, a folder with an index.html, or a URL. "
                        "Default: the sample page."),
         QStringLiteral("FILE-OR-FOLDER-OR-URL")};
+    QCommandLineOption scenario{
+        QStringLiteral("scenario"),
+        QStringLiteral("What the robot says and understands: a JSON file. Default: the sample, a "
+                       "robot at a reception."),
+        QStringLiteral("FILE")};
     QCommandLineOption screenshot{
         QStringLiteral("screenshot"),
         QStringLiteral("Play the demo visit, write a PNG picture of the whole window to FILE and "
@@ -33,6 +38,11 @@ struct Options
         QStringLiteral("How fast the robot's time runs, from 0.01 to 10000. Default: 1, real "
                        "time."),
         QStringLiteral("FACTOR")};
+    QCommandLineOption data{
+        QStringLiteral("data"),
+        QStringLiteral("Where the robot keeps whom it knows; made when it is not there. Default: "
+                       "the user's own data folder."),
+        QStringLiteral("FOLDER")};
     QCommandLineOption log{
         QStringLiteral("log"),
         QStringLiteral("Write the library's debug log to the standard error output.")};
@@ -44,8 +54,8 @@ Options::Options()
         "A robot on the desk: shows a page as the robot's touch screen would, and beside it what\n"
         "the page asks of the robot, buttons for everything that can happen on a robot, and the\n"
         "messages in both directions.\n\n"
-        "Exit codes: 0 done, 1 the page or the picture failed, 2 wrong arguments."));
-    parser.addOptions({help, page, screenshot, demo, speed, log});
+        "Exit codes: 0 done, 1 page, scenario or picture failed, 2 wrong arguments."));
+    parser.addOptions({help, page, scenario, screenshot, demo, speed, data, log});
 }
 
 } // namespace
@@ -74,7 +84,8 @@ CommandLine::CommandLine(const QStringList &arguments)
                     .arg(parser.positionalArguments().constFirst()));
         return;
     }
-    for (const QCommandLineOption *option : {&options.page, &options.screenshot}) {
+    for (const QCommandLineOption *option :
+         {&options.page, &options.scenario, &options.screenshot, &options.data}) {
         if (parser.isSet(*option) && parser.value(*option).isEmpty()) {
             mistake(QStringLiteral("--%1 needs a value that is not empty.")
                         .arg(option->names().constFirst()));
@@ -94,7 +105,9 @@ CommandLine::CommandLine(const QStringList &arguments)
     }
 
     m_page = parser.value(options.page);
+    m_scenario = parser.value(options.scenario);
     m_screenshot = parser.value(options.screenshot);
+    m_data = parser.value(options.data);
     m_demo = parser.isSet(options.demo);
     m_log = parser.isSet(options.log);
 }

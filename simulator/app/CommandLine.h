@@ -22,8 +22,12 @@ public:
 
     /// A file, a folder or a URL; empty means the sample page.
     QString page() const { return m_page; }
+    /// A file; empty means the sample scenario.
+    QString scenario() const { return m_scenario; }
     /// Where to write the picture; empty when none is wanted.
     QString screenshot() const { return m_screenshot; }
+    /// The folder for the robot's data; empty means the user's own.
+    QString data() const { return m_data; }
     bool demo() const { return m_demo; }
     bool log() const { return m_log; }
     /// How fast the robot's time runs: 1 is real time.
@@ -33,7 +37,9 @@ private:
     Outcome m_outcome = Outcome::Run;
     QString m_mistake;
     QString m_page;
+    QString m_scenario;
     QString m_screenshot;
+    QString m_data;
     bool m_demo = false;
     bool m_log = false;
     double m_speed = 1.0;

@@ -1,6 +1,7 @@
 #include "simulator/app/ControlPanel.h"
 
 #include "simulator/app/ApplicationEventsPanel.h"
+#include "simulator/app/CameraPanel.h"
 #include "simulator/app/DialogPanel.h"
 #include "simulator/app/MessageLogView.h"
 #include "simulator/app/RobotEventsPanel.h"
@@ -31,7 +32,7 @@ ControlPanel::ControlPanel(RobotCore *core, RobotScreen *screen, MessageLog *log
     : QWidget(parent)
 {
     auto *tabs = new QTabWidget;
-    tabs->addTab(new VisitorEventsPanel(screen), tr("Person"));
+    tabs->addTab(new VisitorEventsPanel(core, screen), tr("Person"));
     tabs->addTab(new RobotEventsPanel(core, screen), tr("Robot"));
     tabs->addTab(new DialogPanel(core), tr("Dialog"));
     tabs->addTab(new ApplicationEventsPanel(screen), tr("Application"));
@@ -42,6 +43,7 @@ ControlPanel::ControlPanel(RobotCore *core, RobotScreen *screen, MessageLog *log
         form->setLabelAlignment(Qt::AlignLeft);
         form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     }
+    tabs->insertTab(1, new CameraPanel(core), tr("Camera"));
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(8, 8, 8, 8);

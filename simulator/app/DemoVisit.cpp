@@ -1,13 +1,11 @@
 #include "simulator/app/DemoVisit.h"
 
-#include "host/UserData.h"
 #include "simulator/app/RobotScreen.h"
 #include "simulator/core/RobotCore.h"
+#include "simulator/core/SimulatedCamera.h"
 #include "simulator/core/SimulatedDialogModule.h"
 #include "simulator/core/SimulatedDrive.h"
 #include "simulator/core/SimulatedInteractionService.h"
-#include "simulator/core/SimulatedSpeech.h"
-#include "simulator/core/SimulatedUsersDatabase.h"
 
 namespace simulator {
 
@@ -30,24 +28,19 @@ void DemoVisit::start()
 
 QList<DemoVisit::Step> DemoVisit::steps() const
 {
-    const auto say = [this](const QString &text) { m_core->speech()->say(text); };
     return {
-        {400,
-         [this] {
-             UserData user;
-             if (m_core->devices().users && m_core->devices().users->user(1, user))
-                 m_screen->hasUser(user);
-         }},
+        {400, [this] { m_core->camera()->enter(1); }},
         {600, [this] { m_core->devices().interaction->startFor(Interaction::FaceDetected); }},
-        {400, [say] { say(tr("Hello Anna, nice to see you again!")); }},
-        {2600, [this] { m_screen->userSaid(tr("Where can I"), false); }},
-        {700, [this] { m_screen->userSaid(tr("Where can I get a badge?"), true); }},
-        {600, [say] { say(tr("I can print one for you right here.")); }},
-        {2600,
+        {3000, [this] { m_core->dialog()->hear(tr("Who are"), false); }},
+        {700, [this] { m_core->dialog()->hear(tr("Who are you?"), true); }},
+        {3200, [this] { m_core->dialog()->hear(tr("What can you do for me?"), true); }},
+        {1600,
          [this] {
-             m_core->dialog()->askQuestion(
-                 tr("What shall I do for you?"),
-                 {tr("Print a badge"), tr("Show me the way"), tr("Call an operator")});
+             // A scenario of one's own may have no question for this.
+             if (m_core->dialog()->openQuestion().isEmpty())
+                 m_core->dialog()->askQuestion(
+                     tr("What shall I do for you?"),
+                     {tr("Print a badge"), tr("Show me the way"), tr("Call an operator")});
          }},
         {400, [this] { m_core->drive()->setMode(DriveModeAutomatic); }},
         {400,

@@ -35,12 +35,15 @@ void DialogPanel::addQuestion(QFormLayout *form)
     m_answers->setToolTip(tr("Answers, separated by semicolons"));
     QPushButton *ask = formButton(tr("Ask"));
     QPushButton *withdraw = formButton(tr("Withdraw"));
+    QPushButton *extra = formButton(tr("Says something unasked"));
     form->addRow(tr("Question"), m_question);
     form->addRow(tr("Answers"), formRow({m_answers, ask, withdraw}));
+    form->addRow(tr("Robot"), extra);
 
     connect(ask, &QPushButton::clicked, this, &DialogPanel::onAsk);
     connect(withdraw, &QPushButton::clicked, m_core->dialog(),
             &SimulatedDialogModule::cancelQuestion);
+    connect(extra, &QPushButton::clicked, m_core->dialog(), &SimulatedDialogModule::sayExtra);
 }
 
 void DialogPanel::addOperator(QFormLayout *form)

@@ -4,6 +4,8 @@
 #include "simulator/app/RobotScreen.h"
 #include "simulator/core/OperatorDesk.h"
 #include "simulator/core/RobotCore.h"
+#include "simulator/core/SimulatedCamera.h"
+#include "simulator/core/SimulatedDialogModule.h"
 #include "simulator/core/SimulatedDrive.h"
 #include "simulator/core/SimulatedFaces.h"
 #include "simulator/core/SimulatedScripts.h"
@@ -17,6 +19,10 @@ void wireEvents(RobotCore *core, RobotScreen *screen)
     const auto connectTo = [screen](auto *part, auto signal, auto method) {
         QObject::connect(part, signal, screen, method);
     };
+    connectTo(core->dialog(), &SimulatedDialogModule::heard, &Screen::userSaid);
+    connectTo(core->dialog(), &SimulatedDialogModule::greetingChosen, &Screen::greeting);
+    connectTo(core->dialog(), &SimulatedDialogModule::extraReplicaChosen, &Screen::extraReplica);
+    connectTo(core->dialog(), &SimulatedDialogModule::answerFound, &Screen::answerResult);
     connectTo(core->speech(), &SimulatedSpeech::started, &Screen::robotReplicStart);
     connectTo(core->speech(), &SimulatedSpeech::finished, &Screen::robotReplicFinish);
     connectTo(core->drive(), &SimulatedDrive::modeChanged, &Screen::driveMode);
@@ -26,6 +32,22 @@ void wireEvents(RobotCore *core, RobotScreen *screen)
     connectTo(core->operatorDesk(), &OperatorDesk::responded, &Screen::operatorResponse);
     connectTo(core->operatorDesk(), &OperatorDesk::controlChanged, &Screen::operatorControl);
     connectTo(core->faces(), &SimulatedFaces::trainStatusChanged, &Screen::faceAddStatus);
+    connectTo(core->camera(), &SimulatedCamera::userSeen, &Screen::hasUser);
+    connectTo(core->camera(), &SimulatedCamera::userLost, &Screen::lostUser);
+    connectTo(core->camera(), &SimulatedCamera::mainFaceChanged, &Screen::faceGeneral);
+    connectTo(core->camera(), &SimulatedCamera::reported,
+              [screen](const QVector<FaceRectPtr> &rects, const QVector<FaceInfoPtr> &faces) {
+                  screen->faceRect(rects);
+                  screen->faceInfo(faces);
+              });
+    // Rectangles are reported in pixels of the page, which fills the screen.
+    QObject::connect(screen, &Screen::resized, core->camera(), &SimulatedCamera::setPictureSize);
+
+    // Last: the page hears of the person before the robot greets.
+    QObject::connect(core->camera(), &SimulatedCamera::userSeen, core->dialog(),
+                     &SimulatedDialogModule::meet);
+    QObject::connect(core->camera(), &SimulatedCamera::userLost, core->dialog(),
+                     &SimulatedDialogModule::part);
 }
 
 } // namespace simulator

@@ -90,15 +90,18 @@ MessageLog::MessageLog(QObject *parent)
 
 void MessageLog::add(const panorel::Message &message)
 {
+    const Direction direction = directionOf(message);
+    ++m_totals[static_cast<int>(direction)];
+    if (!m_hasFaceReports && isFaceReport(message))
+        return;
+
     QJsonObject attributes = message.toJson();
     attributes.remove(QStringLiteral("id"));
     attributes.remove(QStringLiteral("type"));
     const QByteArray json = QJsonDocument(attributes).toJson(QJsonDocument::Compact);
 
-    const Entry entry{QTime::currentTime(), directionOf(message), message.type(),
+    const Entry entry{QTime::currentTime(), direction, message.type(),
                       cut(QString::fromUtf8(json), LongestJson)};
-    ++m_totals[static_cast<int>(entry.direction)];
-
     if (!m_paused) {
         append(entry);
         return;
@@ -127,6 +130,8 @@ void MessageLog::setPaused(bool paused)
         append(entry);
 }
 
+void MessageLog::setFaceReports(bool on) { m_hasFaceReports = on; }
+
 void MessageLog::setLimit(int limit)
 {
     m_limit = qMax(1, limit);
@@ -147,11 +152,8 @@ MessageLog::Direction MessageLog::directionOf(const panorel::Message &message)
     const QMap<QString, QVariant> attributes = message.attributes();
 
     // Face reports of the widget share their topic with the page's touches.
-    if (topic == GENERAL_TOUCH) {
-        const bool report = attributes.contains(QStringLiteral("rect"))
-            || attributes.contains(QStringLiteral("info"));
-        return report ? Direction::Inside : Direction::PageToRobot;
-    }
+    if (topic == GENERAL_TOUCH)
+        return isFaceReport(message) ? Direction::Inside : Direction::PageToRobot;
     if (requestTopics().contains(topic)) {
         // Everything that came over the bridge has an "id" entry; the host's own code may publish
         // requests too.
@@ -161,6 +163,17 @@ MessageLog::Direction MessageLog::directionOf(const panorel::Message &message)
     if (panorel::PanorelMessageHandler::topics().contains(topic))
         return Direction::RobotToPage;
     return attributes.contains(QStringLiteral("id")) ? Direction::PageToRobot : Direction::Inside;
+}
+
+bool MessageLog::isFaceReport(const panorel::Message &message)
+{
+    using namespace panorel::constants;
+    const QString topic = message.type();
+    if (topic != GENERAL_TOUCH)
+        return topic == FACE_RECOGNIZE_INFO;
+    const QMap<QString, QVariant> attributes = message.attributes();
+    return attributes.contains(QStringLiteral("rect"))
+        || attributes.contains(QStringLiteral("info"));
 }
 
 int MessageLog::rowCount(const QModelIndex &parent) const

@@ -32,6 +32,8 @@ public:
     /// While paused, messages are held back; they are appended afterwards. The bound holds for
     /// them too.
     void setPaused(bool paused);
+    /// Whether reports of faces, which come many times a second, are kept; not unless set.
+    void setFaceReports(bool on);
     /// How many messages are kept; 2000 unless set.
     void setLimit(int limit);
 
@@ -39,6 +41,8 @@ public:
     int total(Direction direction) const;
 
     static Direction directionOf(const panorel::Message &message);
+    /// Whether it tells where the faces stand or who they are.
+    static bool isFaceReport(const panorel::Message &message);
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
@@ -62,6 +66,7 @@ private:
     int m_totals[3] = {0, 0, 0};
     int m_limit = 2000;
     bool m_paused = false;
+    bool m_hasFaceReports = false;
 };
 
 } // namespace simulator

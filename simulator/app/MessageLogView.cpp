@@ -2,6 +2,7 @@
 
 #include "simulator/app/MessageLog.h"
 
+#include <QCheckBox>
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -44,14 +45,17 @@ QWidget *MessageLogView::createBar()
 {
     auto *bar = new QWidget;
     auto *filter = new QLineEdit;
-    filter->setPlaceholderText(tr("Show only messages that contain …"));
+    filter->setPlaceholderText(tr("Only with …"));
     filter->setClearButtonEnabled(true);
+    auto *faces = new QCheckBox(tr("Face reports"));
+    faces->setToolTip(tr("The camera reports faces many times a second"));
     auto *pause = new QPushButton(tr("Pause"));
     pause->setCheckable(true);
     auto *clear = new QPushButton(tr("Clear"));
 
     connect(filter, &QLineEdit::textChanged, m_filter,
             &QSortFilterProxyModel::setFilterFixedString);
+    connect(faces, &QCheckBox::toggled, m_log, &MessageLog::setFaceReports);
     connect(pause, &QPushButton::toggled, m_log, &MessageLog::setPaused);
     connect(clear, &QPushButton::clicked, m_log, &MessageLog::clear);
     connect(clear, &QPushButton::clicked, m_detail, &QPlainTextEdit::clear);
@@ -59,6 +63,7 @@ QWidget *MessageLogView::createBar()
     auto *layout = new QHBoxLayout(bar);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(filter, 1);
+    layout->addWidget(faces);
     layout->addWidget(pause);
     layout->addWidget(clear);
     return bar;

@@ -3,6 +3,8 @@
 #include "panorel/Panorel_p.h"
 #include "simulator/app/RecordingBrocker.h"
 
+#include <QResizeEvent>
+
 namespace simulator {
 
 namespace {
@@ -25,5 +27,11 @@ MessageReporter *RobotScreen::reporter() const
 }
 
 QWebEngineView *RobotScreen::view() const { return d->view; }
+
+void RobotScreen::resizeEvent(QResizeEvent *event)
+{
+    Panorel::resizeEvent(event);
+    Q_EMIT resized(event->size());
+}
 
 } // namespace simulator

@@ -19,6 +19,12 @@ public:
     /// Both live as long as the screen.
     MessageReporter *reporter() const;
     QWebEngineView *view() const;
+
+Q_SIGNALS:
+    void resized(const QSize &size);
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
 };
 
 } // namespace simulator

@@ -4,6 +4,8 @@
 #include "host/UserData.h"
 #include "simulator/app/FormRow.h"
 #include "simulator/app/RobotScreen.h"
+#include "simulator/core/RobotCore.h"
+#include "simulator/core/SimulatedDialogModule.h"
 #include "simulator/core/SimulatedFaces.h"
 
 #include <QCheckBox>
@@ -17,8 +19,9 @@
 
 namespace simulator {
 
-VisitorEventsPanel::VisitorEventsPanel(RobotScreen *screen, QWidget *parent)
+VisitorEventsPanel::VisitorEventsPanel(RobotCore *core, RobotScreen *screen, QWidget *parent)
     : QWidget(parent)
+    , m_core(core)
     , m_screen(screen)
     , m_name(new QLineEdit(QStringLiteral("Anna")))
     , m_id(new QSpinBox)
@@ -53,7 +56,7 @@ VisitorEventsPanel::VisitorEventsPanel(RobotScreen *screen, QWidget *parent)
     form->addRow(tr("Training step"), formRow({m_trainStep, train}));
 
     connect(comes, &QPushButton::clicked, this, &VisitorEventsPanel::onComes);
-    connect(leaves, &QPushButton::clicked, m_screen, &RobotScreen::lostUser);
+    connect(leaves, &QPushButton::clicked, this, &VisitorEventsPanel::onLeaves);
     connect(says, &QPushButton::clicked, this, &VisitorEventsPanel::onSaid);
     connect(m_speech, &QLineEdit::returnPressed, this, &VisitorEventsPanel::onSaid);
     connect(acts, &QPushButton::clicked, this, &VisitorEventsPanel::onActs);
@@ -74,9 +77,19 @@ void VisitorEventsPanel::onComes()
     user.setAcquaintanceDate(QDateTime::currentDateTime());
     user.setLastVisit(QDateTime::currentDateTime());
     m_screen->hasUser(user);
+    m_core->dialog()->meet(user);
 }
 
-void VisitorEventsPanel::onSaid() { m_screen->userSaid(m_speech->text(), m_final->isChecked()); }
+void VisitorEventsPanel::onLeaves()
+{
+    m_screen->lostUser();
+    m_core->dialog()->part();
+}
+
+void VisitorEventsPanel::onSaid()
+{
+    m_core->dialog()->hear(m_speech->text(), m_final->isChecked());
+}
 
 void VisitorEventsPanel::onActs()
 {

@@ -8,6 +8,7 @@ class QSpinBox;
 
 namespace simulator {
 
+class RobotCore;
 class RobotScreen;
 
 /// What a person in front of the robot does.
@@ -16,14 +17,16 @@ class VisitorEventsPanel : public QWidget
     Q_OBJECT
 
 public:
-    /// @p screen is not owned and outlives the panel.
-    explicit VisitorEventsPanel(RobotScreen *screen, QWidget *parent = nullptr);
+    /// Neither is owned; both outlive the panel.
+    VisitorEventsPanel(RobotCore *core, RobotScreen *screen, QWidget *parent = nullptr);
 
 private:
     void onComes();
+    void onLeaves();
     void onSaid();
     void onActs();
 
+    RobotCore *m_core;
     RobotScreen *m_screen;
     QLineEdit *m_name;
     QSpinBox *m_id;

@@ -5,10 +5,14 @@
 #include "simulator/app/Screenshot.h"
 #include "simulator/app/SimulatorWindow.h"
 #include "simulator/core/RobotCore.h"
+#include "simulator/core/ScenarioReader.h"
+#include "simulator/core/SimulatedReplicas.h"
+#include "simulator/core/SqliteUsersDatabase.h"
 
 #include <QApplication>
 #include <QFont>
 #include <QLoggingCategory>
+#include <QStandardPaths>
 #include <QStyleFactory>
 #include <QTimer>
 
@@ -54,6 +58,20 @@ void setUpFont()
     QApplication::setFont(font);
 }
 
+QString dataFolder(const CommandLine &commandLine)
+{
+    if (!commandLine.data().isEmpty())
+        return commandLine.data();
+    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+}
+
+void tellProblem(const RobotCore &core)
+{
+    const QString problem = core.devices().users->problem();
+    if (!problem.isEmpty())
+        print(stderr, problem + QStringLiteral("\nAnother folder is given with --data."));
+}
+
 /// Starts the visit when the page has had time to connect to the robot.
 void playVisit(DemoVisit *visit, SimulatorWindow *window)
 {
@@ -89,6 +107,11 @@ int main(int argc, char *argv[])
         print(stderr, page.error());
         return Failed;
     }
+    const ScenarioReader scenario(commandLine.scenario());
+    if (!scenario.isRead()) {
+        print(stderr, scenario.error());
+        return Failed;
+    }
     const bool takePicture = !commandLine.screenshot().isEmpty();
     const QString obstacle =
         takePicture ? Screenshot::obstacle(commandLine.screenshot()) : QString();
@@ -98,8 +121,12 @@ int main(int argc, char *argv[])
     }
 
     // The core outlives the window: the screen's handlers use it until they are gone.
-    RobotCore core;
+    RobotCore::Equipment equipment;
+    equipment.dataFolder = dataFolder(commandLine);
+    RobotCore core(equipment);
+    tellProblem(core);
     core.pace().setSpeed(commandLine.speed());
+    core.replicas()->setScenario(scenario.scenario());
     SimulatorWindow window(&core);
     DemoVisit visit(&core, window.screen());
     Screenshot screenshot(&window, commandLine.screenshot());

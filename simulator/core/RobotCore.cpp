@@ -4,6 +4,8 @@
 #include "host/UserData.h"
 #include "simulator/core/OperatorDesk.h"
 #include "simulator/core/Outbox.h"
+#include "simulator/core/ScenarioReader.h"
+#include "simulator/core/SimulatedCamera.h"
 #include "simulator/core/SimulatedDialogModule.h"
 #include "simulator/core/SimulatedDispenser.h"
 #include "simulator/core/SimulatedDrive.h"
@@ -18,17 +20,31 @@
 #include "simulator/core/SimulatedScanner.h"
 #include "simulator/core/SimulatedScripts.h"
 #include "simulator/core/SimulatedSpeech.h"
-#include "simulator/core/SimulatedUsersDatabase.h"
+#include "simulator/core/SqliteUsersDatabase.h"
 #include "simulator/core/TelephoneLine.h"
+
+#include <QDir>
 
 namespace simulator {
 
 namespace {
 
+const quint32 CameraSeed = 1;
+
 template <typename Part, typename... Arguments>
 QSharedPointer<Part> makeIf(bool present, const Arguments &...arguments)
 {
     return present ? QSharedPointer<Part>::create(arguments...) : QSharedPointer<Part>();
+}
+
+QSharedPointer<SqliteUsersDatabase> makeUsers(const RobotCore::Equipment &equipment)
+{
+    if (!equipment.users)
+        return {};
+    if (equipment.dataFolder.isEmpty())
+        return QSharedPointer<SqliteUsersDatabase>::create();
+    return QSharedPointer<SqliteUsersDatabase>::create(
+        QDir(equipment.dataFolder).filePath(SqliteUsersDatabase::fileName()));
 }
 
 RobotDevices makeDevices(const RobotCore::Equipment &equipment, const Pace &pace)
@@ -39,7 +55,7 @@ RobotDevices makeDevices(const RobotCore::Equipment &equipment, const Pace &pace
     devices.passportScanner = makeIf<SimulatedScanner>(equipment.passportScanner, pace);
     devices.documentScanner = makeIf<SimulatedScanner>(equipment.documentScanner, pace);
     devices.keyboard = makeIf<SimulatedKeyboard>(equipment.keyboard);
-    devices.users = makeIf<SimulatedUsersDatabase>(equipment.users);
+    devices.users = makeUsers(equipment);
     devices.interaction = QSharedPointer<SimulatedInteractionService>::create();
     devices.macros = QSharedPointer<SimulatedMacrosReplacer>::create();
     return devices;
@@ -59,13 +75,15 @@ RobotCore::RobotCore(const Equipment &equipment, QObject *parent)
     , m_scripts(new SimulatedScripts(m_pace, this))
     , m_language(new SimulatedLanguage(this))
     , m_faces(new SimulatedFaces(m_pace, this))
-    , m_replicas(new SimulatedReplicas(this))
+    , m_camera(new SimulatedCamera(m_faces, m_devices.users, m_pace, CameraSeed, this))
+    , m_replicas(new SimulatedReplicas(m_language, m_devices.macros, m_devices.users, this))
     , m_operatorDesk(new OperatorDesk(this))
-    , m_dialog(new SimulatedDialogModule(m_speech, this))
+    , m_dialog(new SimulatedDialogModule(m_speech, m_replicas, m_pace, this))
     , m_plugin(new SimulatedPlugin(m_devices, this))
 {
     TelephoneLine::instance().setPace(m_pace);
     Outbox::instance().setPace(m_pace);
+    m_replicas->setScenario(ScenarioReader().scenario());
     fillSettings();
     fillDevices();
     connectPlugin();
@@ -86,6 +104,8 @@ SimulatedScripts *RobotCore::scripts() const { return m_scripts; }
 SimulatedLanguage *RobotCore::language() const { return m_language; }
 
 SimulatedFaces *RobotCore::faces() const { return m_faces; }
+
+SimulatedCamera *RobotCore::camera() const { return m_camera; }
 
 SimulatedReplicas *RobotCore::replicas() const { return m_replicas; }
 
@@ -134,7 +154,8 @@ void RobotCore::fillDevices()
             {QStringLiteral("text"), QStringLiteral("You are welcome at our open day.")},
         });
     }
-    if (m_devices.users) {
+    // Whoever deleted her does not want her back at the next start.
+    if (m_devices.users && m_devices.users->isNew()) {
         FaceInfo face;
         face.setId(1);
         face.setType(FaceInfo::User);

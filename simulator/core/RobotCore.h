@@ -10,6 +10,7 @@
 namespace simulator {
 
 class OperatorDesk;
+class SimulatedCamera;
 class SimulatedDrive;
 class SimulatedFaces;
 class SimulatedLanguage;
@@ -18,14 +19,15 @@ class SimulatedScripts;
 class SimulatedSpeech;
 
 /// The robot on the desk: it owns every part and joins the plug-in's requests to them. Outlives the
-/// screen that it is handed to. Its pace also becomes the telephone line's and the mail server's.
-/// GUI thread.
+/// screen that it is handed to. It speaks the sample scenario until its replicas get another; where
+/// the sample cannot be read it has no words. Its pace also becomes the telephone line's and the
+/// mail server's. GUI thread.
 class RobotCore : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Which devices the robot has; the others are null in the plug-in.
+    /// Which devices the robot has; the others are null in the plug-in. And where it keeps its data.
     struct Equipment
     {
         bool printer = true;
@@ -34,6 +36,8 @@ public:
         bool documentScanner = true;
         bool keyboard = true;
         bool users = true;
+        /// Made when it is not there; empty keeps all data in memory.
+        QString dataFolder = {};
     };
 
     explicit RobotCore(QObject *parent = nullptr);
@@ -50,6 +54,7 @@ public:
     SimulatedScripts *scripts() const;
     SimulatedLanguage *language() const;
     SimulatedFaces *faces() const;
+    SimulatedCamera *camera() const;
     SimulatedReplicas *replicas() const;
     OperatorDesk *operatorDesk() const;
 
@@ -68,6 +73,7 @@ private:
     SimulatedScripts *m_scripts;
     SimulatedLanguage *m_language;
     SimulatedFaces *m_faces;
+    SimulatedCamera *m_camera;
     SimulatedReplicas *m_replicas;
     OperatorDesk *m_operatorDesk;
     SimulatedDialogModule *m_dialog;

@@ -10,7 +10,7 @@ class SimulatedKeyboard;
 class SimulatedMacrosReplacer;
 class SimulatedPrinter;
 class SimulatedScanner;
-class SimulatedUsersDatabase;
+class SqliteUsersDatabase;
 
 /// What the plug-in hands out. A null pointer is a device that the robot does not have; the
 /// interaction service and the macro replacer are always there.
@@ -21,7 +21,7 @@ struct RobotDevices
     QSharedPointer<SimulatedScanner> passportScanner;
     QSharedPointer<SimulatedScanner> documentScanner;
     QSharedPointer<SimulatedKeyboard> keyboard;
-    QSharedPointer<SimulatedUsersDatabase> users;
+    QSharedPointer<SqliteUsersDatabase> users;
     QSharedPointer<SimulatedInteractionService> interaction;
     QSharedPointer<SimulatedMacrosReplacer> macros;
 };

@@ -13,6 +13,8 @@ SimulatedFaces::SimulatedFaces(const Pace &pace, QObject *parent)
 void SimulatedFaces::setTrackingAuto(const bool &automatic)
 {
     m_trackingAuto = automatic;
+    if (automatic)
+        m_tracked = 0;
     Q_EMIT changed();
 }
 

@@ -17,6 +17,7 @@ class SimulatedFaces : public QObject
 public:
     explicit SimulatedFaces(const Pace &pace, QObject *parent = nullptr);
 
+    /// Switched on, it takes over from a face asked for with track().
     void setTrackingAuto(const bool &automatic);
     void track(const long long &idTrack);
     void setHeadEnabled(const bool &enabled);
@@ -26,7 +27,7 @@ public:
     void deleteFace(const long long &id);
 
     bool isTrackingAuto() const;
-    /// The track id asked for last; 0 before.
+    /// The track id asked for last; 0 when automatic tracking took over since, and before.
     long long tracked() const;
     bool isHeadEnabled() const;
     /// The faces that were learned to the end.

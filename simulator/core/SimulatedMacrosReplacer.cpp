@@ -13,7 +13,13 @@ void SimulatedMacrosReplacer::setMacros(const QString &name, const QString &valu
 
 void SimulatedMacrosReplacer::removeMacros(const QString &name) { m_macros.remove(name); }
 
-QString SimulatedMacrosReplacer::expand(const QString &text) const
+void SimulatedMacrosReplacer::setDefaults(const QMap<QString, QString> &defaults)
+{
+    m_defaults = defaults;
+}
+
+QString SimulatedMacrosReplacer::expand(const QString &text,
+                                        const QMap<QString, QString> &personal) const
 {
     const QLatin1Char mark('%');
     QString result;
@@ -25,9 +31,12 @@ QString SimulatedMacrosReplacer::expand(const QString &text) const
             break;
 
         result += text.midRef(position, begin - position);
-        const auto macro = m_macros.constFind(text.mid(begin + 1, end - begin - 1));
-        if (macro != m_macros.cend()) {
-            result += macro.value();
+        const QString name = text.mid(begin + 1, end - begin - 1);
+        const QMap<QString, QString> *known = &m_macros;
+        if (!known->contains(name))
+            known = personal.contains(name) ? &personal : &m_defaults;
+        if (known->contains(name)) {
+            result += known->value(name);
             position = end + 1;
         } else {
             // A plain per cent sign; the second one may still open a macro.

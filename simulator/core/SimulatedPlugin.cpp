@@ -6,7 +6,7 @@
 #include "simulator/core/SimulatedMacrosReplacer.h"
 #include "simulator/core/SimulatedPrinter.h"
 #include "simulator/core/SimulatedScanner.h"
-#include "simulator/core/SimulatedUsersDatabase.h"
+#include "simulator/core/SqliteUsersDatabase.h"
 
 namespace simulator {
 

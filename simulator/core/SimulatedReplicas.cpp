@@ -1,107 +1,182 @@
 #include "simulator/core/SimulatedReplicas.h"
 
 #include "host/DatabaseDefaults.h"
+#include "host/IUsersDatabase.h"
+#include "simulator/core/SimulatedLanguage.h"
+#include "simulator/core/SimulatedMacrosReplacer.h"
 
 #include <algorithm>
-#include <iterator>
 
 namespace simulator {
 
 namespace {
 
-Replica makeReplica(unsigned number, Replica::Type type, const QString &text, Animation animation)
+const QString NameMacro = QStringLiteral("name");
+
+template <typename Condition>
+auto linesWith(const DialogScenario &scenario, const Condition &condition)
 {
-    Replica replica;
-    // The same ids in each run, so that pages under test may rely on them.
-    const QUuid uuid(0x5a1e0000 + number, 0x51d0, 0x4b0f, 0x9c, 0x11, 0x2f, 0x6d, 0x70, 0x61, 0x6e,
-                     0x6f);
-    replica.setId(ID(number, uuid));
-    replica.setCategory(DatabaseDefaults::defaultCategory());
-    replica.setText(text);
-    replica.setScreenText(text);
-    replica.setAnimation(animation);
-    replica.setType(type);
-    return replica;
+    QList<const DialogScenario::Line *> found;
+    for (const DialogScenario::Line &line : scenario.lines) {
+        if (condition(line))
+            found.append(&line);
+    }
+    return found;
+}
+
+// A page may know a category by its number alone.
+bool isCategory(const DialogScenario::Line &line, const QVariant &category)
+{
+    if (category.type() == QVariant::String)
+        return line.categoryName == category.toString();
+    const ID id = category.value<ID>();
+    if (id.uuid().isNull() && id.id() != 0)
+        return line.category.id() == id.id();
+    return line.category == id;
 }
 
 } // namespace
 
-SimulatedReplicas::SimulatedReplicas(QObject *parent)
+SimulatedReplicas::SimulatedReplicas(SimulatedLanguage *language,
+                                     const QSharedPointer<SimulatedMacrosReplacer> &replacer,
+                                     const QSharedPointer<IUsersDatabase> &users, QObject *parent)
     : QObject(parent)
+    , m_language(language)
+    , m_replacer(replacer)
+    , m_users(users)
 {
-    add(makeReplica(1, Replica::Plain, QStringLiteral("I am listening."), AnimationNod));
-    add(makeReplica(2, Replica::Greeting, QStringLiteral("Hello, nice to see you!"),
-                    AnimationGreeting));
-    add(makeReplica(3, Replica::Farewell, QStringLiteral("Goodbye, come again!"),
-                    AnimationFarewell));
-    add(makeReplica(4, Replica::Extra, QStringLiteral("By the way, I can also print badges."),
-                    AnimationPoint));
-    add(makeReplica(5, Replica::Clarification,
-                    QStringLiteral("I did not get that. Could you say it again?"), AnimationNone));
-    add(makeReplica(6, Replica::Plain, QStringLiteral("Welcome! What can I do for you?"),
-                    AnimationGreeting),
-        QStringLiteral("welcome"));
-    add(makeReplica(7, Replica::Plain, QStringLiteral("Touch the screen, or just ask me."),
-                    AnimationPoint),
-        QStringLiteral("help"));
-    add(makeReplica(8, Replica::Plain, QStringLiteral("Thank you for your visit."),
-                    AnimationFarewell),
-        QStringLiteral("goodbye"));
+    connect(m_language, &SimulatedLanguage::changed, this, &SimulatedReplicas::onLanguage);
 }
 
-void SimulatedReplicas::add(const Replica &replica, const QString &step,
-                            const QString &categoryName)
+void SimulatedReplicas::setScenario(const DialogScenario &scenario)
 {
-    m_entries.append({replica, step, categoryName});
+    m_scenario = scenario;
+    m_uses.clear();
+    onLanguage();
 }
+
+const DialogScenario &SimulatedReplicas::scenario() const { return m_scenario; }
+
+QString SimulatedReplicas::language() const { return m_scenario.language(m_language->code()); }
+
+void SimulatedReplicas::setPerson(const UserData &person)
+{
+    m_person = person;
+    m_replacer->setDefaults(defaultMacros());
+}
+
+void SimulatedReplicas::clearPerson() { setPerson(UserData()); }
 
 QSharedPointer<Replica> SimulatedReplicas::ofType(const Replica::Type &type,
                                                   const QVariant &category, const bool &useGeneral,
-                                                  const bool &useBiometry,
-                                                  const FaceInfo &face) const
+                                                  const bool &useBiometry, const FaceInfo &face)
 {
-    Q_UNUSED(useBiometry)
-    Q_UNUSED(face)
-    QList<Entry> candidates;
-    std::copy_if(m_entries.cbegin(), m_entries.cend(), std::back_inserter(candidates),
-                 [type](const Entry &entry) {
-                     return entry.step.isEmpty() && entry.replica.type() == type;
-                 });
-    return choose(candidates, category, useGeneral);
+    const auto fits = [type](const DialogScenario::Line &line) {
+        return line.step.isEmpty() && line.type == type;
+    };
+    return choose(linesWith(m_scenario, fits), category, useGeneral, useBiometry, face);
 }
 
 QSharedPointer<Replica> SimulatedReplicas::ofStep(const QString &step, const QVariant &category,
                                                   const bool &useGeneral, const bool &useBiometry,
-                                                  const FaceInfo &face) const
+                                                  const FaceInfo &face)
 {
-    Q_UNUSED(useBiometry)
-    Q_UNUSED(face)
-    if (step.isEmpty())
-        return {};
-    QList<Entry> candidates;
-    std::copy_if(m_entries.cbegin(), m_entries.cend(), std::back_inserter(candidates),
-                 [&step](const Entry &entry) { return entry.step == step; });
-    return choose(candidates, category, useGeneral);
+    const auto fits = [&step](const DialogScenario::Line &line) {
+        return !step.isEmpty() && line.step == step;
+    };
+    return choose(linesWith(m_scenario, fits), category, useGeneral, useBiometry, face);
 }
 
-QSharedPointer<Replica> SimulatedReplicas::choose(const QList<Entry> &candidates,
-                                                  const QVariant &category, bool useGeneral) const
+Replica SimulatedReplicas::named(const QString &name) const
 {
-    const ID id = category.value<ID>();
-    const QString name = category.type() == QVariant::String ? category.toString() : QString();
-    for (const Entry &entry : candidates) {
-        const bool matches =
-            name.isEmpty() ? entry.replica.category() == id : entry.categoryName == name;
-        if (matches)
-            return QSharedPointer<Replica>::create(entry.replica);
-    }
-    if (!useGeneral)
+    const DialogScenario::Line *line = m_scenario.line(name);
+    return line ? filled(line->replica(language()), {}) : Replica();
+}
+
+QString SimulatedReplicas::nextOf(const QStringList &names)
+{
+    return leastUsed(linesWith(m_scenario, [&names](const DialogScenario::Line &line) {
+        return names.contains(line.name);
+    }));
+}
+
+QString SimulatedReplicas::filled(const QString &text) const { return m_replacer->expand(text); }
+
+void SimulatedReplicas::onLanguage()
+{
+    m_replacer->setDefaults(defaultMacros());
+    Q_EMIT wordsChanged();
+}
+
+SimulatedReplicas::Macros SimulatedReplicas::defaultMacros() const
+{
+    Macros macros;
+    for (auto macro = m_scenario.macros.cbegin(); macro != m_scenario.macros.cend(); ++macro)
+        macros.insert(macro.key(), macro.value().value(language()));
+    if (!m_person.name().isEmpty())
+        macros.insert(NameMacro, m_person.name());
+    return macros;
+}
+
+// Whoever stands before the robot need not be in the database to have a name.
+QString SimulatedReplicas::nameOf(const FaceInfo &face) const
+{
+    if (face.id() == 0 || face.type() == FaceInfo::Temporary)
         return {};
-    for (const Entry &entry : candidates) {
-        if (entry.replica.category() == DatabaseDefaults::defaultCategory())
-            return QSharedPointer<Replica>::create(entry.replica);
-    }
-    return {};
+    if (m_person.info().id() == face.id())
+        return m_person.name();
+    UserData user;
+    return m_users && m_users->user(face.id(), user) ? user.name() : QString();
+}
+
+QSharedPointer<Replica> SimulatedReplicas::choose(const Lines &candidates, const QVariant &category,
+                                                  bool useGeneral, bool useBiometry,
+                                                  const FaceInfo &face)
+{
+    const QString name = useBiometry ? nameOf(face) : QString();
+    const auto inCategory = [&](const QVariant &wanted) {
+        Lines general;
+        Lines personal;
+        for (const DialogScenario::Line *line : candidates) {
+            if (isCategory(*line, wanted))
+                (line->forKnownPerson ? personal : general).append(line);
+        }
+        return name.isEmpty() || personal.isEmpty() ? general : personal;
+    };
+    Lines lines = inCategory(category);
+    if (lines.isEmpty() && useGeneral)
+        lines = inCategory(QVariant::fromValue(DatabaseDefaults::defaultCategory()));
+    if (lines.isEmpty())
+        return {};
+
+    // Without biometry nobody is called by their name, also whoever stands there.
+    Macros personal;
+    const auto neutral = m_scenario.macros.constFind(NameMacro);
+    if (!name.isEmpty())
+        personal.insert(NameMacro, name);
+    else if (!useBiometry && neutral != m_scenario.macros.cend())
+        personal.insert(NameMacro, neutral->value(language()));
+    const DialogScenario::Line *line = m_scenario.line(leastUsed(lines));
+    return QSharedPointer<Replica>::create(filled(line->replica(language()), personal));
+}
+
+QString SimulatedReplicas::leastUsed(const Lines &lines)
+{
+    const auto least =
+        std::min_element(lines.cbegin(), lines.cend(), [this](const auto *left, const auto *right) {
+            return m_uses.value(left->name) < m_uses.value(right->name);
+        });
+    if (least == lines.cend())
+        return {};
+    ++m_uses[(*least)->name];
+    return (*least)->name;
+}
+
+Replica SimulatedReplicas::filled(Replica replica, const Macros &personal) const
+{
+    replica.setText(m_replacer->expand(replica.text(), personal));
+    replica.setScreenText(m_replacer->expand(replica.screenText(), personal));
+    return replica;
 }
 
 } // namespace simulator

@@ -11,7 +11,7 @@ fail() {
 
 # Every option that the help names is understood, and the help names them all.
 help=$("$root/run.sh" --help)
-for option in --screenshot --page --demo --speed --log --preset --no-install --help; do
+for option in --screenshot --page --scenario --demo --speed --data --log --preset --no-install --help; do
     grep -q -- "  $option" <<< "$help" || fail "the help does not tell of $option"
 done
 
@@ -29,9 +29,11 @@ grep -q 'no-such-page' <<< "$message" || fail "no word about the page that is no
 # A relative path is the caller's.
 mkdir -p "$work/shots"
 cd "$work/shots"
-rm -f shot.png
-"$root/run.sh" --no-install --preset "$preset" --speed 4 --screenshot shot.png 2> run.log \
+rm -rf shot.png data
+"$root/run.sh" --no-install --preset "$preset" --speed 4 --data data \
+    --screenshot shot.png 2> run.log \
     || fail "no screenshot: $(cat run.log)"
+[ -s data/users.sqlite ] || fail "no data in the folder that --data names"
 if [ "$(id -u)" -eq 0 ]; then
     grep -q 'QTWEBENGINE_DISABLE_SANDBOX=1' run.log || fail "run.sh does not say that the sandbox is off"
 fi

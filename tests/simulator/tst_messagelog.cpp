@@ -25,6 +25,7 @@ private Q_SLOTS:
     void knowsEachTopicOfThePage();
     void dropsTheOldest();
     void keepsToAShorterLimit();
+    void leavesFaceReportsOutUnlessTold();
     void holdsMessagesBackWhilePaused();
     void boundsWhatItHoldsBack();
     void cutsLongJson();
@@ -120,6 +121,31 @@ void MessageLogTest::keepsToAShorterLimit()
     log.setLimit(2);
     QCOMPARE(log.rowCount(), 2);
     QCOMPARE(cell(log, 0, MessageLog::TopicColumn), QStringLiteral("3"));
+}
+
+void MessageLogTest::leavesFaceReportsOutUnlessTold()
+{
+    MessageLog log;
+    const QList<Message> reports{
+        Message(topics::GENERAL_TOUCH, {{QStringLiteral("rect"), QVariantList()}}),
+        Message(topics::GENERAL_TOUCH, {{QStringLiteral("info"), QVariantList()}}),
+        Message(topics::FACE_RECOGNIZE_INFO, {{QStringLiteral("info"), QVariantMap()}}),
+    };
+    for (const Message &report : reports)
+        log.add(report);
+    QCOMPARE(log.rowCount(), 0);
+    QCOMPARE(log.total(Direction::Inside), 2);
+    QCOMPARE(log.total(Direction::RobotToPage), 1);
+
+    // A touch of the page and a change of the main face are no such reports.
+    log.add(fromPage({{QStringLiteral("type"), topics::GENERAL_TOUCH}, {QStringLiteral("x"), 1}}));
+    log.add(Message(topics::FACE_RECOGNIZE_GENERAL));
+    QCOMPARE(log.rowCount(), 2);
+
+    log.setFaceReports(true);
+    for (const Message &report : reports)
+        log.add(report);
+    QCOMPARE(log.rowCount(), 5);
 }
 
 void MessageLogTest::holdsMessagesBackWhilePaused()

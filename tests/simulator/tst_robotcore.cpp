@@ -18,8 +18,10 @@
 #include "simulator/core/SimulatedScanner.h"
 #include "simulator/core/SimulatedScripts.h"
 #include "simulator/core/SimulatedSpeech.h"
-#include "simulator/core/SimulatedUsersDatabase.h"
+#include "simulator/core/SqliteUsersDatabase.h"
 #include "tests/support/TestCase.h"
+
+#include <QTemporaryDir>
 
 using simulator::RobotCore;
 
@@ -36,6 +38,7 @@ private Q_SLOTS:
     void answersRequestsThatReturnAValue();
     void keyboardShowsAndHides();
     void tellsWhoItIs();
+    void keepsPeopleInItsDataFolder();
     void devicesOutliveTheCore();
 };
 
@@ -189,6 +192,24 @@ void RobotCoreTest::tellsWhoItIs()
     QCOMPARE(RobotInfo::name(), QStringLiteral("Test"));
     simulator::RobotIdentity::instance().name = before;
     QVERIFY(!DatabaseDefaults::defaultCategory().uuid().isNull());
+}
+
+void RobotCoreTest::keepsPeopleInItsDataFolder()
+{
+    const QTemporaryDir folder;
+    RobotCore::Equipment equipment;
+    equipment.dataFolder = folder.filePath(QStringLiteral("robot"));
+    UserData user;
+    {
+        const RobotCore core(equipment);
+        QVERIFY(!core.devices().users->isInMemory());
+        QVERIFY(core.plugin()->databaseUsers()->user(1, user));
+        QVERIFY(core.plugin()->databaseUsers()->deleteUser(1, FaceInfo::User));
+    }
+    // Who was deleted does not come back.
+    const RobotCore core(equipment);
+    QVERIFY(!core.plugin()->databaseUsers()->user(1, user));
+    QVERIFY(RobotCore().plugin()->databaseUsers()->user(1, user)); // in memory
 }
 
 void RobotCoreTest::devicesOutliveTheCore()

@@ -13,6 +13,8 @@ private Q_SLOTS:
     void expands();
     void takesTheLatestValue();
     void forgetsARemovedMacro();
+    void aRemovedMacroFallsBackToItsDefault();
+    void personalGoesBeforeDefaults();
 };
 
 void SimulatedMacrosReplacerTest::expands_data()
@@ -78,6 +80,32 @@ void SimulatedMacrosReplacerTest::forgetsARemovedMacro()
     replacer.removeMacros(QStringLiteral("x"));
     replacer.removeMacros(QStringLiteral("never there"));
     QCOMPARE(replacer.expand(QStringLiteral("%x%")), QStringLiteral("%x%"));
+}
+
+void SimulatedMacrosReplacerTest::aRemovedMacroFallsBackToItsDefault()
+{
+    SimulatedMacrosReplacer replacer;
+    const QString name = QStringLiteral("name");
+    replacer.setDefaults({{name, QStringLiteral("guest")}});
+    QCOMPARE(replacer.expand(QStringLiteral("%name%")), QStringLiteral("guest"));
+    replacer.setMacros(name, QStringLiteral("Anna"));
+    QCOMPARE(replacer.expand(QStringLiteral("%name%")), QStringLiteral("Anna"));
+    replacer.removeMacros(name);
+    QCOMPARE(replacer.expand(QStringLiteral("%name%")), QStringLiteral("guest"));
+    QVERIFY(replacer.macros().isEmpty());
+    replacer.setDefaults({});
+    QCOMPARE(replacer.expand(QStringLiteral("%name%")), QStringLiteral("%name%"));
+}
+
+void SimulatedMacrosReplacerTest::personalGoesBeforeDefaults()
+{
+    SimulatedMacrosReplacer replacer;
+    const QString name = QStringLiteral("name");
+    replacer.setDefaults({{name, QStringLiteral("guest")}});
+    const QMap<QString, QString> personal{{name, QStringLiteral("Ben")}};
+    QCOMPARE(replacer.expand(QStringLiteral("%name%"), personal), QStringLiteral("Ben"));
+    replacer.setMacros(name, QStringLiteral("Anna"));
+    QCOMPARE(replacer.expand(QStringLiteral("%name%"), personal), QStringLiteral("Anna"));
 }
 
 QTEST_GUILESS_MAIN(SimulatedMacrosReplacerTest)

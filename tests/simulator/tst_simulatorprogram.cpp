@@ -18,14 +18,21 @@ private Q_SLOTS:
     void showsItsHelp();
     void rejectsWrongArguments();
     void saysWhenThereIsNoPage();
+    void saysWhatIsWrongWithTheScenario();
+    void usesTheScenario();
     void saysWhenThePictureCannotBeWritten();
     void saysWhenThePageCannotBeLoaded();
     void takesAPictureOfPageAndPanel();
+    void saysWhenItsDataCannotBeKept();
     void endsOnASignal_data();
     void endsOnASignal();
 
 protected:
-    void setUp() override { m_folder.reset(new QTemporaryDir); }
+    void setUp() override
+    {
+        m_folder.reset(new QTemporaryDir);
+        m_data = m_folder->filePath(QStringLiteral("data"));
+    }
     void tearDown() override { m_folder.reset(); }
 
 private:
@@ -37,7 +44,9 @@ private:
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
         m_program.setProcessEnvironment(environment);
-        m_program.start(QStringLiteral(PANOREL_SIMULATOR), arguments);
+        QStringList all{QStringLiteral("--data"), m_data};
+        all.append(arguments);
+        m_program.start(QStringLiteral(PANOREL_SIMULATOR), all);
     }
     /// The exit code; -1 when the program crashed or does not end.
     int run(const QStringList &arguments)
@@ -56,6 +65,7 @@ private:
     }
 
     QProcess m_program;
+    QString m_data;
     QString m_output;
     QString m_errors;
     QScopedPointer<QTemporaryDir> m_folder;
@@ -78,6 +88,58 @@ void SimulatorProgramTest::saysWhenThereIsNoPage()
 {
     QCOMPARE(run({QStringLiteral("--page"), m_folder->path()}), 1);
     QVERIFY2(m_errors.contains(QStringLiteral("--page")), qPrintable(m_errors));
+}
+
+void SimulatorProgramTest::saysWhatIsWrongWithTheScenario()
+{
+    QCOMPARE(run({QStringLiteral("--scenario"), m_folder->path()}), 1);
+    QVERIFY2(m_errors.contains(QStringLiteral("--scenario")), qPrintable(m_errors));
+
+    QFile scenario(m_folder->filePath(QStringLiteral("robot.json")));
+    QVERIFY(scenario.open(QIODevice::WriteOnly));
+    scenario.write("{\n  \"languages\": [\"en\",]\n}");
+    scenario.close();
+    QCOMPARE(run({QStringLiteral("--scenario"), scenario.fileName()}), 1);
+    QVERIFY2(m_errors.contains(QStringLiteral("robot.json: line 2")), qPrintable(m_errors));
+}
+
+// The page asks for the replica of a step that only this scenario has, and tells of it.
+void SimulatorProgramTest::usesTheScenario()
+{
+    QFile scenario(m_folder->filePath(QStringLiteral("robot.json")));
+    QVERIFY(scenario.open(QIODevice::WriteOnly));
+    scenario.write(R"({
+  "languages": ["en"],
+  "categories": [{"name": "general", "default": true}],
+  "replicas": [{"name": "own", "id": 1, "uuid": "{6f0c2a8e-51f3-4f0e-9d0b-0a4d53a6a301}",
+                "step": "own", "texts": {"en": {"text": "My own words"}}}]
+})");
+    scenario.close();
+    QFile page(m_folder->filePath(QStringLiteral("index.html")));
+    QVERIFY(page.open(QIODevice::WriteOnly));
+    page.write(R"(<script src="qrc:///qtwebchannel/qwebchannel.js"></script>
+<script>
+new QWebChannel(qt.webChannelTransport, (channel) => {
+  const core = channel.objects._karvel_internal;
+  core.message.connect((message) => {
+    if (message.type === 'dialog.robot.replic.start')
+      core.sendMessage({ type: 'system.log', level: 'warning', message: 'heard: ' + message.text });
+  });
+  core.sendMessage({ type: 'dialog.say', step: 'own' });
+});
+</script>
+)");
+    page.close();
+    start({QStringLiteral("--page"), m_folder->path(), QStringLiteral("--scenario"),
+           scenario.fileName()});
+    QString errors;
+    const auto isHeard = [this, &errors] {
+        errors += QString::fromUtf8(m_program.readAllStandardError());
+        return errors.contains(QStringLiteral("heard: My own words"));
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(isHeard(), m_patience);
+    m_program.terminate();
+    QCOMPARE(end(), 0);
 }
 
 void SimulatorProgramTest::saysWhenThePictureCannotBeWritten()
@@ -127,6 +189,25 @@ new QWebChannel(qt.webChannelTransport, (channel) => {
     // The page, as it is painted after the person has come; and the panel beside it.
     QCOMPARE(QColor(picture.pixel(200, picture.height() - 50)), QColor(0, 255, 0));
     QVERIFY(QColor(picture.pixel(picture.width() - 5, 5)) != QColor(0, 255, 0));
+}
+
+void SimulatorProgramTest::saysWhenItsDataCannotBeKept()
+{
+    // It runs on, until it finds no page: nobody listens on this port of this machine.
+    const QStringList arguments{QStringLiteral("--screenshot"),
+                                m_folder->filePath(QStringLiteral("picture.png")),
+                                QStringLiteral("--page"), QStringLiteral("http://127.0.0.1:1/")};
+    QCOMPARE(run(arguments), 1);
+    QVERIFY2(!m_errors.contains(QStringLiteral("database")), qPrintable(m_errors));
+    QVERIFY(QFile::exists(m_data + QStringLiteral("/users.sqlite")));
+
+    m_data = m_folder->filePath(QStringLiteral("file"));
+    QFile file(m_data);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(run(arguments), 1);
+    QVERIFY2(m_errors.contains(m_data), qPrintable(m_errors));
+    QVERIFY(m_errors.contains(QStringLiteral("--data")));
+    QVERIFY(m_errors.contains(QStringLiteral("could not be loaded")));
 }
 
 void SimulatorProgramTest::endsOnASignal_data()
