@@ -36,10 +36,14 @@ function(panorel_test_properties name label)
     TIMEOUT 300
     ENVIRONMENT "${PANOREL_TEST_ENVIRONMENT}"
   )
-  if(PANOREL_SANITIZE AND NOT label MATCHES "^(unit|bridge)$")
-    # The web engine leaks by design when a process ends; what this library leaks shows in the
-    # unit and bridge tests.
-    set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT ASAN_OPTIONS=detect_leaks=0)
+  if(PANOREL_SANITIZE)
+    # The web engine leaks by design when a process ends; what this library leaks shows in the unit
+    # and bridge tests. Qt has no frame pointers, so whole stacks are needed to tell its leaks apart.
+    set(asan detect_leaks=0)
+    if(label MATCHES "^(unit|bridge)$")
+      set(asan fast_unwind_on_malloc=0)
+    endif()
+    set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT ASAN_OPTIONS=${asan})
   endif()
 endfunction()
 
