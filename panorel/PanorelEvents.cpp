@@ -121,11 +121,14 @@ void Panorel::faceGeneral(const long long &general)
 void Panorel::faceInfo(const QVector<QSharedPointer<FaceInfo>> &faces)
 {
     const QString key = QStringLiteral("info");
+    // A copy: a subscriber may make the host drop its vector.
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+    const QVector<QSharedPointer<FaceInfo>> seen = faces;
     // First the touch handler, so that it knows the faces no later than the page.
-    d->brocker->publish(Message(GENERAL_TOUCH, {{key, QVariant::fromValue(faces)}}));
+    d->brocker->publish(Message(GENERAL_TOUCH, {{key, QVariant::fromValue(seen)}}));
 
     QVariantMap all;
-    for (const QSharedPointer<FaceInfo> &face : faces) {
+    for (const QSharedPointer<FaceInfo> &face : seen) {
         if (face)
             all.insert(randomKey(), toMap(*face));
     }
