@@ -1,6 +1,7 @@
 #include "simulator/app/EventWiring.h"
 
 #include "host/FaceTrainStatus.h"
+#include "host/UserData.h"
 #include "simulator/app/RobotScreen.h"
 #include "simulator/core/OperatorDesk.h"
 #include "simulator/core/RobotCore.h"
@@ -44,10 +45,16 @@ void wireEvents(RobotCore *core, RobotScreen *screen)
     QObject::connect(screen, &Screen::resized, core->camera(), &SimulatedCamera::setPictureSize);
 
     // Last: the page hears of the person before the robot greets.
+    // The robot talks with the first whom it knows, until nobody whom it knows is left.
     QObject::connect(core->camera(), &SimulatedCamera::userSeen, core->dialog(),
-                     &SimulatedDialogModule::meet);
-    QObject::connect(core->camera(), &SimulatedCamera::userLost, core->dialog(),
-                     &SimulatedDialogModule::part);
+                     [core](const UserData &person) {
+                         if (core->camera()->knownPeople() == 1)
+                             core->dialog()->meet(person);
+                     });
+    QObject::connect(core->camera(), &SimulatedCamera::userLost, core->dialog(), [core] {
+        if (core->camera()->knownPeople() == 0)
+            core->dialog()->part();
+    });
 }
 
 } // namespace simulator

@@ -143,7 +143,10 @@ void MessageLog::setLimit(int limit)
     }
 }
 
-int MessageLog::total(Direction direction) const { return m_totals[static_cast<int>(direction)]; }
+qint64 MessageLog::total(Direction direction) const
+{
+    return m_totals[static_cast<int>(direction)];
+}
 
 MessageLog::Direction MessageLog::directionOf(const panorel::Message &message)
 {

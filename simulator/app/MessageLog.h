@@ -38,7 +38,7 @@ public:
     void setLimit(int limit);
 
     /// How many messages went in @p direction since the start, whatever became of them here.
-    int total(Direction direction) const;
+    qint64 total(Direction direction) const;
 
     static Direction directionOf(const panorel::Message &message);
     /// Whether it tells where the faces stand or who they are.
@@ -63,7 +63,7 @@ private:
 
     QVector<Entry> m_entries;
     QVector<Entry> m_held;
-    int m_totals[3] = {0, 0, 0};
+    qint64 m_totals[3] = {0, 0, 0};
     int m_limit = 2000;
     bool m_paused = false;
     bool m_hasFaceReports = false;

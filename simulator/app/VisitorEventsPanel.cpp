@@ -41,9 +41,11 @@ VisitorEventsPanel::VisitorEventsPanel(RobotCore *core, RobotScreen *screen, QWi
     m_trainStep->setMaximum(SimulatedFaces::lastStep());
     m_action->setToolTip(tr("Texts, separated by semicolons"));
 
+    m_speech->setObjectName(QStringLiteral("speech"));
     QPushButton *comes = formButton(tr("Comes"));
     QPushButton *leaves = formButton(tr("Leaves"));
     QPushButton *says = formButton(tr("Says"));
+    says->setObjectName(QStringLiteral("says"));
     QPushButton *acts = formButton(tr("Acts"));
     QPushButton *general = formButton(tr("Report"));
     QPushButton *train = formButton(tr("Report"));

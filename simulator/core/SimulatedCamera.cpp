@@ -3,6 +3,8 @@
 #include "simulator/core/SimulatedFaces.h"
 #include "simulator/core/SqliteUsersDatabase.h"
 
+#include <algorithm>
+
 namespace simulator {
 
 namespace {
@@ -95,6 +97,13 @@ QVector<CameraPerson> SimulatedCamera::people() const
 FaceRecognition::Identity SimulatedCamera::identity(long long track) const
 {
     return m_seen.value(track);
+}
+
+int SimulatedCamera::knownPeople() const
+{
+    return static_cast<int>(
+        std::count_if(m_seen.cbegin(), m_seen.cend(),
+                      [](const FaceRecognition::Identity &seen) { return seen.isKnown(); }));
 }
 
 long long SimulatedCamera::mainFace() const { return m_mainFace; }

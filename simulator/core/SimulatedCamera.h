@@ -50,6 +50,8 @@ public:
     /// Who is seen, who came first stands first; nobody while it is off.
     QVector<CameraPerson> people() const;
     FaceRecognition::Identity identity(long long track) const;
+    /// How many people in the picture the robot knows.
+    int knownPeople() const;
     /// The track id of the face that counts most; 0 when there is none.
     long long mainFace() const;
 

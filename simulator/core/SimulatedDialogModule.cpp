@@ -61,6 +61,8 @@ void SimulatedDialogModule::setAnswerResult(const QSharedPointer<Answer> &answer
             replica = m_replicas->named(line->name);
         else if (pattern)
             replica = m_replicas->named(m_replicas->nextOf(pattern->answers));
+        if (replica.text().isEmpty())
+            return; // an answer to nothing: what is expected stays
     }
     play(QSharedPointer<Replica>::create(replica));
 }
@@ -188,7 +190,8 @@ void SimulatedDialogModule::onWordsChanged()
     if (m_question.line.isEmpty())
         return;
     const Replica replica = m_replicas->named(m_question.line);
-    if (m_replicas->scenario().line(m_question.line))
+    const DialogScenario::Line *line = m_replicas->scenario().line(m_question.line);
+    if (line && !line->choices.isEmpty())
         askChoicesOf(replica, true);
     else
         cancelQuestion();
@@ -207,7 +210,7 @@ void SimulatedDialogModule::takeChoice(int choice, const QString &text)
     const DialogScenario::Line *asked = m_replicas->scenario().line(m_question.line);
     m_question = {};
     Q_EMIT questionAnswered(text);
-    if (asked) {
+    if (asked && choice < asked->choices.size()) {
         const QString next = asked->choices.at(choice).answer;
         deliver(Answer::Question, asked->id, chosen, text, m_replicas->named(next));
     } else {

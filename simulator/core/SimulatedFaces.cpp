@@ -2,6 +2,13 @@
 
 namespace simulator {
 
+namespace {
+
+// A page may ask for ever more.
+const int MostFaces = 1000;
+
+} // namespace
+
 SimulatedFaces::SimulatedFaces(const Pace &pace, QObject *parent)
     : QObject(parent)
     , m_pace(pace)
@@ -64,7 +71,8 @@ void SimulatedFaces::onStep()
     if (m_step < lastStep()) {
         m_timer.start(m_pace.milliseconds(m_stepTime));
     } else {
-        m_known.insert(m_training);
+        if (m_known.size() < MostFaces)
+            m_known.insert(m_training);
         Q_EMIT changed();
     }
     Q_EMIT trainStatusChanged(FaceTrainStatus(m_step));

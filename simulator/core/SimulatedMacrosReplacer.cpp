@@ -2,6 +2,13 @@
 
 namespace simulator {
 
+namespace {
+
+// Characters. A page could otherwise lend a long value and use it a thousand times.
+const int LongestText = 100000;
+
+} // namespace
+
 SimulatedMacrosReplacer::SimulatedMacrosReplacer(QObject *parent)
     : IMacrosReplacer(parent)
 { }
@@ -36,6 +43,8 @@ QString SimulatedMacrosReplacer::expand(const QString &text,
         if (!known->contains(name))
             known = personal.contains(name) ? &personal : &m_defaults;
         if (known->contains(name)) {
+            if (result.size() + known->value(name).size() > LongestText)
+                break;
             result += known->value(name);
             position = end + 1;
         } else {

@@ -22,6 +22,7 @@ public:
     /// back to it.
     void setDefaults(const QMap<QString, QString> &defaults);
 
+    /// Never makes a text longer than 100000 characters: what is left stays as it is.
     /// Replaces every "%name%" whose name is known; any other text stays. Values are not expanded
     /// again. @p personal goes before the defaults, but not before what was set.
     QString expand(const QString &text,

@@ -23,13 +23,12 @@ SimulatedSpeech::SimulatedSpeech(const QSharedPointer<SimulatedMacrosReplacer> &
 
 void SimulatedSpeech::say(const QString &text)
 {
-    // Expanded before the old line ends: its end withdraws the macros of the turn, and those that
-    // came with this line are among them.
     const QString expanded = m_replacer->expand(text);
     if (expanded.isEmpty())
         return;
 
-    cancel();
+    // A line that takes another's place does not finish it: that would end the turn, and with it
+    // the macros that came with this line.
     m_text = expanded;
     m_timer.start(m_pace.milliseconds(duration(expanded)));
     Q_EMIT started(expanded);

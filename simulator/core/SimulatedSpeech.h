@@ -21,7 +21,7 @@ public:
     SimulatedSpeech(const QSharedPointer<SimulatedMacrosReplacer> &replacer, const Pace &pace,
                     QObject *parent = nullptr);
 
-    /// Speaks @p text with its macros expanded. A line that is being spoken ends first. A text
+    /// Speaks @p text with its macros expanded. A line that is being spoken gives way. A text
     /// that is empty, or becomes so, is not spoken.
     void say(const QString &text);
     /// Ends the line at once.
@@ -36,7 +36,8 @@ public:
 
 Q_SIGNALS:
     void started(const QString &text);
-    /// Follows each started(), whether the line was spoken to its end or not.
+    /// The robot falls silent, whether the line was spoken to its end or not. Lines that gave way
+    /// to another do not finish.
     void finished();
 
 private:

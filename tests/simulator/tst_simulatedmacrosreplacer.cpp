@@ -10,6 +10,7 @@ class SimulatedMacrosReplacerTest : public TestCase
 
 private Q_SLOTS:
     void expands_data();
+    void staysBelowALength();
     void expands();
     void takesTheLatestValue();
     void forgetsARemovedMacro();
@@ -106,6 +107,16 @@ void SimulatedMacrosReplacerTest::personalGoesBeforeDefaults()
     QCOMPARE(replacer.expand(QStringLiteral("%name%"), personal), QStringLiteral("Ben"));
     replacer.setMacros(name, QStringLiteral("Anna"));
     QCOMPARE(replacer.expand(QStringLiteral("%name%"), personal), QStringLiteral("Anna"));
+}
+
+void SimulatedMacrosReplacerTest::staysBelowALength()
+{
+    SimulatedMacrosReplacer replacer;
+    replacer.setMacros(QStringLiteral("a"), QString(30000, QLatin1Char('x')));
+    const QString expanded = replacer.expand(QStringLiteral("%a%").repeated(1000));
+    QVERIFY(expanded.size() > 60000);
+    QVERIFY(expanded.size() < 110000);
+    QVERIFY(expanded.endsWith(QStringLiteral("%a%"))); // the rest stays as it is
 }
 
 QTEST_GUILESS_MAIN(SimulatedMacrosReplacerTest)

@@ -14,6 +14,7 @@
 #include "simulator/core/SimulatedFaces.h"
 #include "simulator/core/SimulatedScripts.h"
 #include "simulator/core/SimulatedSpeech.h"
+#include "simulator/core/SqliteUsersDatabase.h"
 #include "tests/support/TestCase.h"
 
 #include <QCheckBox>
@@ -45,6 +46,7 @@ private Q_SLOTS:
     void cameraSeesInPixelsOfThePage();
     void fitsTheDesk();
     void aPersonIsGreeted();
+    void theDialogGoesOnUntilNobodyIsLeft();
     void whatIsSaidIsAnswered();
     void thePagesChoiceGoesOn();
     void lentMacrosEndWithTheTurn();
@@ -269,6 +271,29 @@ void SimulatorWindowTest::fitsTheDesk()
     const QSize least = m_window->minimumSizeHint();
     QVERIFY2(least.width() <= 1280 && least.height() <= 800,
              qPrintable(QStringLiteral("%1 x %2").arg(least.width()).arg(least.height())));
+}
+
+void SimulatorWindowTest::theDialogGoesOnUntilNobodyIsLeft()
+{
+    FaceInfo face;
+    face.setId(2);
+    face.setType(FaceInfo::User);
+    UserData second;
+    second.setInfo(face);
+    second.setName(QStringLiteral("Ben"));
+    QVERIFY(m_core->devices().users->addUser(second));
+
+    m_core->camera()->enter(1);
+    QVERIFY(m_core->dialog()->askQuestion(QStringLiteral("Tea?"), {QStringLiteral("Yes")}));
+    const auto greeting = m_core->dialog()->lastReplica();
+    m_core->camera()->enter(2);
+    QCOMPARE(m_core->dialog()->lastReplica(), greeting); // not greeted over the dialog
+    m_core->camera()->leave(m_core->camera()->people().first().track);
+    QTRY_COMPARE(m_core->camera()->knownPeople(), 1);
+    QCOMPARE(m_core->dialog()->openQuestion(), QStringLiteral("Tea?"));
+    m_core->camera()->leave(m_core->camera()->people().first().track);
+    QTRY_COMPARE(m_core->camera()->knownPeople(), 0);
+    QCOMPARE(m_core->dialog()->openQuestion(), QString());
 }
 
 void SimulatorWindowTest::aPersonIsGreeted()

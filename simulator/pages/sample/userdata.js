@@ -23,7 +23,19 @@ window.sample = window.sample || {};
     let isStarted = false;
 
     function request(attributes, onReply) {
-      waiting.push({ attributes, onReply });
+      // Reads wait behind what somebody asked for by hand, and one for each person is enough.
+      const isRead = (entry) => 'get_user' in entry.attributes;
+      const entry = { attributes, onReply };
+      const same = waiting.find((other) => isRead(entry) && isRead(other)
+        && other.attributes.get_user === attributes.get_user);
+      if (same) {
+        same.onReply = onReply;
+      } else if (isRead(entry)) {
+        waiting.push(entry);
+      } else {
+        const firstRead = waiting.findIndex(isRead);
+        waiting.splice(firstRead < 0 ? waiting.length : firstRead, 0, entry);
+      }
       sendNext();
     }
 
