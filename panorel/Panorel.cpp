@@ -118,7 +118,7 @@ void Panorel::load(const QString &url, const QString &, bool)
     QWebEngineProfile *const profile = d->view->page()->profile();
     profile->clearAllVisitedLinks();
     profile->clearHttpCache();
-    d->view->load(QUrl(url));
+    d->loadAfterClearing(QUrl(url));
 }
 
 } // namespace panorel

@@ -69,8 +69,9 @@ public:
     /// day. Counts from the next defaultHandlers() on.
     void setStatisticPeriodicity(const QString &periodicity);
 
-    /// Forgets visited links and the HTTP cache, then loads @p url (parsed tolerantly). The other
-    /// arguments are ignored; they keep older callers compiling.
+    /// Forgets visited links and the HTTP cache, then loads @p url (parsed tolerantly). Any load but
+    /// the first begins 200 ms later, when the cache is clear; of two in that time the later one
+    /// counts. The other arguments are ignored; they keep older callers compiling.
     void load(const QString &url, const QString & = QString(), bool = false);
 
     // What happens on the robot. Enumerations travel as their integer values. Pointers must not be

@@ -4,7 +4,9 @@
 
 #include <QPointer>
 #include <QString>
+#include <QUrl>
 
+class QTimer;
 class QWebChannel;
 class QWebEngineView;
 
@@ -29,6 +31,9 @@ public:
     /// Builds view, channel, bus, proxy and layout. Called once, when the back pointer is set.
     void init();
 
+    /// Loads @p url, once the web engine has done what load() asked of it before.
+    void loadAfterClearing(const QUrl &url);
+
     QWebChannel *channel = nullptr; // child of the view's page
     QWebEngineView *view = nullptr; // child of the widget
     Panorel *q = nullptr;
@@ -38,6 +43,8 @@ public:
     ReplicContext *context = nullptr; // owned; made by the first defaultHandlers()
     QPointer<PanorelQuestionHandler> questionHandler; // child of the widget
     bool buildingHandlers = false; // defaultHandlers() is running
+    QTimer *loadTimer = nullptr; // child of the widget; null until the first load
+    QUrl nextUrl; // what loadTimer waits for
 
 protected:
     /// Makes the bus. Override to bring one that does more, for example records what it delivers.

@@ -24,6 +24,52 @@ const QString recorderPage =
 
 } // namespace
 
+/// A server on this machine whose page and script may be kept for an hour.
+class CachedSite
+{
+public:
+    CachedSite()
+    {
+        QObject::connect(&m_server, &QTcpServer::newConnection, &m_server, [this] {
+            while (QTcpSocket *socket = m_server.nextPendingConnection()) {
+                QObject::connect(socket, &QTcpSocket::readyRead, socket,
+                                 [this, socket] { answer(socket); });
+                QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+            }
+        });
+        if (!m_server.listen(QHostAddress::LocalHost))
+            qFatal("no port to listen on");
+    }
+
+    QString address() const
+    {
+        return QStringLiteral("http://127.0.0.1:%1/").arg(m_server.serverPort());
+    }
+
+    QList<QByteArray> requests; ///< the paths that were asked for
+
+private:
+    void answer(QTcpSocket *socket)
+    {
+        if (!socket->peek(65536).contains("\r\n\r\n"))
+            return;
+        const QByteArray path = socket->readAll().split(' ').value(1);
+        requests.append(path);
+        const bool isScript = path.endsWith(".js");
+        const QByteArray body = isScript
+            ? QByteArray("document.title = 'scripted';")
+            : QByteArray("<!doctype html><script src=\"/kept.js\"></script>");
+        socket->write("HTTP/1.1 200 OK\r\nCache-Control: public, max-age=3600\r\n"
+                      "Connection: close\r\nContent-Type: "
+                      + QByteArray(isScript ? "text/javascript" : "text/html")
+                      + "\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\n\r\n"
+                      + body);
+        socket->disconnectFromHost();
+    }
+
+    QTcpServer m_server;
+};
+
 /// The real road: a page in the web view, its script, and the robot's side.
 class PageTest : public WidgetTestCase
 {
@@ -100,6 +146,8 @@ private Q_SLOTS:
     void answersAQuestion();
     void writesAStatistic();
     void loadForgetsTheCache();
+    void loadsOneAfterTheOther();
+    void theLatestLoadCounts();
     void loadIgnoresItsLaterArguments_data();
     void loadIgnoresItsLaterArguments();
     void worksAgainAfterAReload();
@@ -279,41 +327,19 @@ void PageTest::writesAStatistic()
 void PageTest::loadForgetsTheCache()
 {
     // A page whose script may be kept for an hour, until load() clears the cache.
-    QTcpServer server;
-    QVERIFY(server.listen(QHostAddress::LocalHost));
-    QList<QByteArray> requests;
-    connect(&server, &QTcpServer::newConnection, this, [&] {
-        while (QTcpSocket *socket = server.nextPendingConnection()) {
-            connect(socket, &QTcpSocket::readyRead, socket, [socket, &requests] {
-                if (!socket->peek(65536).contains("\r\n\r\n"))
-                    return;
-                const QByteArray path = socket->readAll().split(' ').value(1);
-                requests.append(path);
-                const QByteArray body = path.endsWith(".js")
-                    ? QByteArray("document.title = 'scripted';")
-                    : QByteArray("<!doctype html><script src=\"/kept.js\"></script>");
-                socket->write("HTTP/1.1 200 OK\r\nCache-Control: public, max-age=3600\r\n"
-                              "Connection: close\r\nContent-Type: "
-                              + QByteArray(path.endsWith(".js") ? "text/javascript" : "text/html")
-                              + "\r\nContent-Length: " + QByteArray::number(body.size())
-                              + "\r\n\r\n" + body);
-                socket->disconnectFromHost();
-            });
-            connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
-        }
-    });
-    const QString address = QStringLiteral("http://127.0.0.1:%1/").arg(server.serverPort());
+    CachedSite site;
+    const QString address = site.address();
     // How often the script is asked for when a page that wants it is shown; the blank page in
     // between makes sure that only the cache could answer.
     const auto scriptRequests = [&] {
         for (const QString &url : {recorderPage, address}) {
             QSignalSpy loaded(page(), &QWebEnginePage::loadFinished);
-            requests.clear();
+            site.requests.clear();
             page()->load(QUrl(url));
             if (!loaded.wait(timeoutMs))
                 QTest::qFail(qPrintable(url), __FILE__, __LINE__);
         }
-        return requests.count(QByteArray("/kept.js"));
+        return site.requests.count(QByteArray("/kept.js"));
     };
     QCOMPARE(scriptRequests(), 1);
     QCOMPARE(scriptRequests(), 0);
@@ -321,6 +347,31 @@ void PageTest::loadForgetsTheCache()
     // The engine clears in the background.
     bool askedAnew = false;
     QTRY_VERIFY_WITH_TIMEOUT(askedAnew = askedAnew || scriptRequests() == 1, timeoutMs);
+}
+
+void PageTest::loadsOneAfterTheOther()
+{
+    // A load that began while the cache was being cleared never ended.
+    CachedSite site;
+    for (int i = 0; i < 12; ++i) {
+        QSignalSpy loaded(page(), &QWebEnginePage::loadFinished);
+        screen->load(site.address() + QString::number(i));
+        QVERIFY2(loaded.wait(timeoutMs), qPrintable(QString::number(i)));
+        QVERIFY(loaded.first().first().toBool());
+        QCOMPARE(page()->title(), QStringLiteral("scripted"));
+    }
+}
+
+void PageTest::theLatestLoadCounts()
+{
+    loadRecorder();
+    CachedSite site;
+    QSignalSpy loaded(page(), &QWebEnginePage::loadFinished);
+    screen->load(site.address() + QStringLiteral("one"));
+    screen->load(site.address() + QStringLiteral("two"));
+    QVERIFY(loaded.wait(timeoutMs));
+    QCOMPARE(page()->url(), QUrl(site.address() + QStringLiteral("two")));
+    QVERIFY(!site.requests.contains("/one"));
 }
 
 void PageTest::loadIgnoresItsLaterArguments_data()
