@@ -99,11 +99,13 @@ PanorelQueueBrocker::PanorelQueueBrocker() = default;
 
 PanorelQueueBrocker::~PanorelQueueBrocker()
 {
-    const QObjectList retired = m_retired.children();
-    qDeleteAll(retired);
-    // Repeated because a handler's destructor may subscribe another one.
-    while (!m_handlers.isEmpty())
+    // Repeated because a handler's destructor may subscribe another one, and because one that is in
+    // a slot of its own waits first.
+    while (!m_handlers.isEmpty() || !m_retired.children().isEmpty()) {
         PanorelQueueBrocker::clear();
+        const QObjectList retired = m_retired.children();
+        qDeleteAll(retired);
+    }
 }
 
 void PanorelQueueBrocker::publish(const Message &message)

@@ -4,7 +4,6 @@
 #include "tests/support/CountedHandler.h"
 #include "tests/support/TestCase.h"
 
-#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QTimer>
 
@@ -118,6 +117,7 @@ private Q_SLOTS:
     void clearForgetsAnUnsubscribedHandler();
     void destructorDeletesHandlers();
     void destructorDeletesWhatItsHandlersSubscribe();
+    void destructorDeletesWhatWaitingHandlersSubscribe();
     void publishFromAHandlersDestructorReachesNobody();
     void clearInTheFirstOfTwoHandlers();
     void clearInTheOnlyCallable();
@@ -441,6 +441,18 @@ void PanorelQueueBrockerTest::destructorDeletesWhatItsHandlersSubscribe()
     brocker->subscribe(topicA, new CountedHandler({}, [brocker] {
                            brocker->subscribe(topicB, new CountedHandler);
                        }));
+    m_brocker.reset();
+    QCOMPARE(CountedHandler::count(), 0);
+}
+
+void PanorelQueueBrockerTest::destructorDeletesWhatWaitingHandlersSubscribe()
+{
+    PanorelQueueBrocker *const brocker = m_brocker.get();
+    brocker->subscribe(
+        topicA,
+        new CountedHandler([brocker](const Message &) { brocker->clear(); },
+                           [brocker] { brocker->subscribe(topicB, new CountedHandler); }));
+    brocker->publish(Message(topicA));
     m_brocker.reset();
     QCOMPARE(CountedHandler::count(), 0);
 }
