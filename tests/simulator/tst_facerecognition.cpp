@@ -3,6 +3,7 @@
 #include "simulator/core/CameraScene.h"
 #include "simulator/core/SimulatedFaces.h"
 #include "simulator/core/SqliteUsersDatabase.h"
+#include "tests/simulator/TestPeople.h"
 #include "tests/support/TestCase.h"
 
 using namespace simulator;
@@ -35,16 +36,7 @@ protected:
     }
 
 private:
-    void add(long long id, const QString &name)
-    {
-        FaceInfo face;
-        face.setId(id);
-        face.setType(FaceInfo::User);
-        UserData user;
-        user.setInfo(face);
-        user.setName(name);
-        QVERIFY(m_users->addUser(user));
-    }
+    void add(long long id, const QString &name) { QVERIFY(m_users->addUser(testPerson(id, name))); }
     void learn(long long id)
     {
         m_faces->addFace(id);

@@ -2,6 +2,7 @@
 
 #include "simulator/core/SimulatedFaces.h"
 #include "simulator/core/SqliteUsersDatabase.h"
+#include "tests/simulator/TestPeople.h"
 #include "tests/support/TestCase.h"
 
 #include <QElapsedTimer>
@@ -76,16 +77,7 @@ private:
     {
         return std::make_unique<SimulatedCamera>(m_faces.get(), m_users, m_pace, 11);
     }
-    void add(long long id, const QString &name)
-    {
-        FaceInfo face;
-        face.setId(id);
-        face.setType(FaceInfo::User);
-        UserData user;
-        user.setInfo(face);
-        user.setName(name);
-        QVERIFY(m_users->addUser(user));
-    }
+    void add(long long id, const QString &name) { QVERIFY(m_users->addUser(testPerson(id, name))); }
     void learn(long long id)
     {
         m_faces->addFace(id);

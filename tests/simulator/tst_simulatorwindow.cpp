@@ -15,6 +15,7 @@
 #include "simulator/core/SimulatedScripts.h"
 #include "simulator/core/SimulatedSpeech.h"
 #include "simulator/core/SqliteUsersDatabase.h"
+#include "tests/simulator/TestPeople.h"
 #include "tests/support/TestCase.h"
 
 #include <QCheckBox>
@@ -275,13 +276,7 @@ void SimulatorWindowTest::fitsTheDesk()
 
 void SimulatorWindowTest::theDialogGoesOnUntilNobodyIsLeft()
 {
-    FaceInfo face;
-    face.setId(2);
-    face.setType(FaceInfo::User);
-    UserData second;
-    second.setInfo(face);
-    second.setName(QStringLiteral("Ben"));
-    QVERIFY(m_core->devices().users->addUser(second));
+    QVERIFY(m_core->devices().users->addUser(testPerson(2, QStringLiteral("Ben"))));
 
     m_core->camera()->enter(1);
     QVERIFY(m_core->dialog()->askQuestion(QStringLiteral("Tea?"), {QStringLiteral("Yes")}));
