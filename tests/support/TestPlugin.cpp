@@ -1,9 +1,5 @@
 #include "tests/support/TestPlugin.h"
 
-#include "host/IDevice.h"
-#include "host/IKeyboard.h"
-#include "host/IPrinter.h"
-
 namespace {
 
 void registerIdComparison()
@@ -28,7 +24,7 @@ TestPlugin::TestPlugin()
     keepDrive();
 }
 
-void TestPlugin::keep(const char *name, const QVariantList &arguments)
+void TestPlugin::keep(const char *name, const QVariantList &arguments) const
 {
     calls.append({QString::fromLatin1(name), arguments});
 }
@@ -104,27 +100,53 @@ void TestPlugin::keepDrive()
             [this](const bool &charger) { keep("driveCharger", {charger}); });
 }
 
-QVariant TestPlugin::appParameter(const QString &, const QVariant &defaultValue) const
+QVariant TestPlugin::appParameter(const QString &key, const QVariant &defaultValue) const
 {
-    return defaultValue;
+    keep("appParameter", {key, defaultValue});
+    return appSettings.value(key, defaultValue);
 }
 
-QVariant TestPlugin::sysParameter(const QString &, const QVariant &defaultValue) const
+QVariant TestPlugin::sysParameter(const QString &key, const QVariant &defaultValue) const
 {
-    return defaultValue;
+    keep("sysParameter", {key, defaultValue});
+    return sysSettings.value(key, defaultValue);
 }
 
-QMap<QString, QVariant> TestPlugin::appParameterGroup(const QString &) const { return {}; }
+QMap<QString, QVariant> TestPlugin::appParameterGroup(const QString &group) const
+{
+    keep("appParameterGroup", {group});
+    return appGroups.value(group);
+}
 
-QMap<QString, QVariant> TestPlugin::sysParameterGroup(const QString &) const { return {}; }
+QMap<QString, QVariant> TestPlugin::sysParameterGroup(const QString &group) const
+{
+    keep("sysParameterGroup", {group});
+    return sysGroups.value(group);
+}
 
-QMap<QString, QVariant> TestPlugin::emailParameters() const { return {}; }
+QMap<QString, QVariant> TestPlugin::emailParameters() const { return email; }
 
-QSharedPointer<IDevice> TestPlugin::device(const Device &) const { return {}; }
+QSharedPointer<IDevice> TestPlugin::device(const Device &device) const
+{
+    switch (device) {
+    case Device::Printer:
+        return printerDevice;
+    case Device::CardDispenser:
+        return dispenser;
+    case Device::PassportScanner:
+        return passportScanner;
+    case Device::DocumentScanner:
+        return documentScanner;
+    }
+    return {};
+}
 
-QSharedPointer<IPrinter> TestPlugin::printer(const Device &) const { return {}; }
+QSharedPointer<IPrinter> TestPlugin::printer(const Device &device) const
+{
+    return device == Device::Printer ? printerDevice : nullptr;
+}
 
-QSharedPointer<IKeyboard> TestPlugin::keyboard() const { return {}; }
+QSharedPointer<IKeyboard> TestPlugin::keyboard() const { return keyboardDevice; }
 
 QSharedPointer<IUsersDatabase> TestPlugin::databaseUsers() const { return users; }
 

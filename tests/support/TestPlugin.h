@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/support/TestDevices.h"
 #include "tests/support/TestServices.h"
 
 #include "host/PluginInterface.h"
@@ -27,15 +28,30 @@ public:
     QSharedPointer<TestInteractionService> interaction;
     QSharedPointer<TestMacrosReplacer> replacer;
     QSharedPointer<TestUsersDatabase> users; ///< null at first
+
+    // What the robot has; null at first.
+    QSharedPointer<TestPrinter> printerDevice;
+    QSharedPointer<TestDispenser> dispenser;
+    QSharedPointer<TestScanner> passportScanner;
+    QSharedPointer<TestScanner> documentScanner;
+    QSharedPointer<TestKeyboard> keyboardDevice;
+
+    // Settings by their full keys, groups by their bare names. Lookups are kept as calls.
+    QVariantMap appSettings;
+    QVariantMap sysSettings;
+    QMap<QString, QVariantMap> appGroups;
+    QMap<QString, QVariantMap> sysGroups;
+    QVariantMap email; ///< the mail account
+
     QSharedPointer<Replica> replica; ///< given for every replica request
     QStringList scriptResult; ///< given for every script start
 
     /// In the order in which they were made. Of a face they hold the id.
-    QVector<HostCall> calls;
+    mutable QVector<HostCall> calls;
     QVector<FaceInfo> faces; ///< the face of each replica request
 
 private:
-    void keep(const char *name, const QVariantList &arguments = {});
+    void keep(const char *name, const QVariantList &arguments = {}) const;
     void keepReplicaRequests();
     void keepSpeech();
     void keepScripts();
