@@ -1,0 +1,95 @@
+#include "panorel/handlers/RecordAudioHandler.h"
+
+#include "panorel/Attributes.h"
+#include "panorel/Constants.h"
+#include "panorel/Logging.h"
+#include "panorel/MessageQueueBrocker.h"
+
+#include <QAudioEncoderSettings>
+#include <QAudioRecorder>
+#include <QDateTime>
+#include <QLocale>
+#include <QTimer>
+#include <QUrl>
+
+#include <limits>
+
+namespace panorel {
+
+namespace {
+
+constexpr int defaultSeconds = 20;
+
+// In 64 bits, for the page may name any number of seconds.
+int milliseconds(long long seconds)
+{
+    constexpr int most = std::numeric_limits<int>::max();
+    if (seconds > most / 1000)
+        return most;
+    return static_cast<int>(qMax(0LL, seconds) * 1000);
+}
+
+QAudioEncoderSettings encoderSettings()
+{
+    QAudioEncoderSettings settings;
+    settings.setCodec(QStringLiteral("audio/x-flac"));
+    settings.setQuality(QMultimedia::HighQuality);
+    return settings;
+}
+
+// FLAC in a file that ends in ".wav": kept so, pages know the name.
+QString newFile()
+{
+    const QString time = QLocale::c().toString(QDateTime::currentDateTime(),
+                                               QStringLiteral("yyyy-MM-dd_hh:mm:ss.zzz"));
+    return QStringLiteral("/tmp/record_%1.wav").arg(time);
+}
+
+} // namespace
+
+RecordAudioHandler::RecordAudioHandler(MessageQueueBrocker *brocker)
+    : m_brocker(brocker)
+    , m_recorder(new QAudioRecorder(this))
+    , m_timer(new QTimer(this))
+{
+    qCDebug(lcPanorel) << "FORMATS" << m_recorder->supportedAudioCodecs();
+    m_recorder->setEncodingSettings(encoderSettings());
+    m_recorder->setOutputLocation(QUrl::fromLocalFile(m_file));
+    m_timer->setSingleShot(true);
+    connect(m_timer, &QTimer::timeout, this, &RecordAudioHandler::sendRecordInfo);
+}
+
+QString RecordAudioHandler::topic() const { return constants::RECORD_AUDIO_REQUEST; }
+
+void RecordAudioHandler::handle(Message message)
+{
+    qCDebug(lcPanorel) << "RecordAudioHandler" << message.toJson();
+
+    const QVariantMap attributes = message.attributes();
+    if (attributes.contains(QStringLiteral("start")))
+        start(attributes);
+    if (attributes.contains(QStringLiteral("stop"))) {
+        m_timer->stop();
+        sendRecordInfo();
+    }
+}
+
+void RecordAudioHandler::start(const QVariantMap &attributes)
+{
+    m_file = newFile();
+    m_recorder->setOutputLocation(QUrl::fromLocalFile(m_file));
+    m_recorder->record();
+    m_timer->start(
+        milliseconds(toInt64(attributes.value(QStringLiteral("timeout"), defaultSeconds))));
+}
+
+void RecordAudioHandler::sendRecordInfo()
+{
+    m_recorder->stop();
+    if (isRetired())
+        return; // the page records through the successor
+    m_brocker->publish(
+        Message(constants::RECORD_AUDIO_RESPONSE, {{QStringLiteral("file"), m_file}}));
+}
+
+} // namespace panorel
