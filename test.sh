@@ -10,7 +10,7 @@ Usage: ./test.sh [OPTION...] [-- CTEST-OPTION...]
 
 Installs what is missing (Debian packages), builds, and runs all tests.
 
-  --preset NAME   build with this CMake preset (dev, asan, ci); default: dev
+  --preset NAME   build with this CMake preset (dev, asan, tsan, ci); default: dev
   --no-install    install nothing; fail when something is missing
   --help          this text
 

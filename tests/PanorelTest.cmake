@@ -1,4 +1,5 @@
-# panorel_add_test(NAME tst_x SOURCES tst_x.cpp [LABEL unit|bridge|page|tool] [LIBRARIES ...])
+# panorel_add_test(NAME tst_x SOURCES tst_x.cpp [LABEL unit|bridge|sound|page|tool] [THREADS]
+#   [LIBRARIES ...]), with THREADS for what runs on several threads: preset tsan builds only these;
 # and the environment in which tests run: no display, nothing written outside the build folder.
 
 set(PANOREL_TEST_HOME ${PROJECT_BINARY_DIR}/test-home)
@@ -27,6 +28,7 @@ if(PANOREL_SANITIZE)
   list(APPEND PANOREL_TEST_ENVIRONMENT
     UBSAN_OPTIONS=print_stacktrace=1
     LSAN_OPTIONS=suppressions=${CMAKE_CURRENT_LIST_DIR}/lsan.supp:print_suppressions=0
+    TSAN_OPTIONS=suppressions=${CMAKE_CURRENT_LIST_DIR}/tsan.supp:halt_on_error=1
   )
 endif()
 
@@ -47,8 +49,10 @@ function(panorel_test_properties name label)
   endif()
 endfunction()
 
+add_custom_target(panorel-thread-tests)
+
 function(panorel_add_test)
-  cmake_parse_arguments(PARSE_ARGV 0 arg "" "NAME;LABEL" "SOURCES;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 0 arg "THREADS" "NAME;LABEL" "SOURCES;LIBRARIES")
   if(NOT arg_LABEL)
     set(arg_LABEL unit)
   endif()
@@ -61,4 +65,12 @@ function(panorel_add_test)
     panorel-test-support ${arg_LIBRARIES} Qt5::Test panorel-build-options)
   add_test(NAME ${arg_NAME} COMMAND ${arg_NAME})
   panorel_test_properties(${arg_NAME} ${arg_LABEL})
+  if(arg_THREADS)
+    set_property(TEST ${arg_NAME} APPEND PROPERTY LABELS threads)
+    add_dependencies(panorel-thread-tests ${arg_NAME})
+    if(PANOREL_SANITIZE STREQUAL "thread")
+      target_sources(${arg_NAME} PRIVATE
+        ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/support/VisibleThreadPool.cpp)
+    endif()
+  endif()
 endfunction()

@@ -1,7 +1,6 @@
 #include "tests/support/LogRecorder.h"
 
 #include <QLoggingCategory>
-#include <QMutexLocker>
 
 #include <algorithm>
 
@@ -27,7 +26,7 @@ LogRecorder::~LogRecorder()
 
 QVector<LogLine> LogRecorder::take()
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> locker(m_mutex);
     QVector<LogLine> lines;
     lines.swap(m_lines);
     return lines;
@@ -35,13 +34,13 @@ QVector<LogLine> LogRecorder::take()
 
 LogLine LogRecorder::takeFirst()
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> locker(m_mutex);
     return m_lines.isEmpty() ? LogLine{QtDebugMsg, QString(), QString()} : m_lines.takeFirst();
 }
 
 void LogRecorder::drop(const QString &text)
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> locker(m_mutex);
     m_lines.erase(std::remove_if(m_lines.begin(), m_lines.end(),
                                  [&text](const LogLine &line) { return line.text.contains(text); }),
                   m_lines.end());
@@ -49,7 +48,7 @@ void LogRecorder::drop(const QString &text)
 
 QStringList LogRecorder::takeTexts(const QString &category)
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> locker(m_mutex);
     QStringList texts;
     QVector<LogLine> others;
     for (const LogLine &line : qAsConst(m_lines)) {
@@ -64,7 +63,7 @@ QStringList LogRecorder::takeTexts(const QString &category)
 
 void LogRecorder::skipDebug()
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> locker(m_mutex);
     m_lines.erase(std::remove_if(m_lines.begin(), m_lines.end(),
                                  [](const LogLine &line) {
                                      return line.type == QtDebugMsg || line.type == QtInfoMsg;
@@ -74,7 +73,7 @@ void LogRecorder::skipDebug()
 
 QStringList LogRecorder::warnings() const
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> locker(m_mutex);
     QStringList texts;
     for (const LogLine &line : m_lines) {
         if (line.type != QtDebugMsg && line.type != QtInfoMsg)
@@ -92,6 +91,6 @@ void LogRecorder::record(QtMsgType type, const QMessageLogContext &context, cons
         self->m_former(type, context, text);
         return;
     }
-    const QMutexLocker locker(&self->m_mutex);
+    const std::lock_guard<std::mutex> locker(self->m_mutex);
     self->m_lines.append({type, QString::fromLatin1(context.category), text});
 }

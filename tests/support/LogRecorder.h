@@ -1,9 +1,10 @@
 #pragma once
 
-#include <QMutex>
 #include <QString>
 #include <QStringList>
 #include <QVector>
+
+#include <mutex>
 
 /// One line that went through Qt's logging.
 struct LogLine
@@ -48,6 +49,6 @@ private:
 
     static LogRecorder *s_current;
     QtMessageHandler m_former;
-    mutable QMutex m_mutex;
+    mutable std::mutex m_mutex; // the thread sanitizer does not see through Qt's
     QVector<LogLine> m_lines;
 };

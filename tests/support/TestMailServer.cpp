@@ -2,7 +2,6 @@
 
 #include "host/MailSender.h"
 
-#include <QMutexLocker>
 #include <QThread>
 
 TestMailServer &TestMailServer::instance()
@@ -13,7 +12,7 @@ TestMailServer &TestMailServer::instance()
 
 void TestMailServer::reset()
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     m_accounts.clear();
     m_sendings.clear();
     m_deletions.clear();
@@ -25,57 +24,57 @@ void TestMailServer::reset()
 
 QList<TestMailServer::Account> TestMailServer::accounts() const
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     return m_accounts;
 }
 
 QList<TestMailServer::Sending> TestMailServer::sendings() const
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     return m_sendings;
 }
 
 int TestMailServer::livingSenders() const
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     return m_living;
 }
 
 QList<QThread *> TestMailServer::deletions() const
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     return m_deletions;
 }
 
 int TestMailServer::returned() const
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     return m_returned;
 }
 
 void TestMailServer::setOpen(bool open)
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     m_open = open;
-    m_changed.wakeAll();
+    m_changed.notify_all();
 }
 
 void TestMailServer::letPass(const QString &to)
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     m_passing.append(to);
-    m_changed.wakeAll();
+    m_changed.notify_all();
 }
 
 void TestMailServer::setOutcome(const QString &to, const Outcome &outcome)
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     m_outcomes.append({to, outcome});
 }
 
 int TestMailServer::addSender(const Account &account)
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     m_accounts.append(account);
     ++m_living;
     return m_accounts.size() - 1;
@@ -83,14 +82,14 @@ int TestMailServer::addSender(const Account &account)
 
 void TestMailServer::removeSender()
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     m_deletions.append(QThread::currentThread());
     --m_living;
 }
 
 TestMailServer::Outcome TestMailServer::enter(const Sending &sending)
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     m_sendings.append(sending);
     for (const auto &outcome : qAsConst(m_outcomes))
         if (outcome.first == sending.to)
@@ -100,14 +99,13 @@ TestMailServer::Outcome TestMailServer::enter(const Sending &sending)
 
 void TestMailServer::waitAtGate(const QString &to)
 {
-    const QMutexLocker lock(&m_mutex);
-    while (!m_open && !m_passing.removeOne(to))
-        m_changed.wait(&m_mutex);
+    std::unique_lock<std::mutex> lock(m_mutex);
+    m_changed.wait(lock, [this, &to] { return m_open || m_passing.removeOne(to); });
 }
 
 void TestMailServer::leave()
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     ++m_returned;
 }
 

@@ -1,10 +1,11 @@
 #pragma once
 
 #include <QList>
-#include <QMutex>
 #include <QString>
 #include <QStringList>
-#include <QWaitCondition>
+
+#include <condition_variable>
+#include <mutex>
 
 class QThread;
 
@@ -68,8 +69,9 @@ public:
     void leave();
 
 private:
-    mutable QMutex m_mutex; // guards what follows
-    QWaitCondition m_changed;
+    // The standard library's: the thread sanitizer does not see through Qt's.
+    mutable std::mutex m_mutex; // guards what follows
+    std::condition_variable m_changed;
     QList<Account> m_accounts;
     QList<Sending> m_sendings;
     QList<QThread *> m_deletions;
