@@ -1,28 +1,17 @@
 #include "panorel/MessageQueueBrocker.h"
+#include "tests/page/PageTestCase.h"
 #include "tests/page/StatisticFiles.h"
-#include "tests/page/WidgetTestCase.h"
 #include "tests/support/MessageRecorder.h"
 #include "tests/support/Topics.h"
 
 #include "host/UserData.h"
 
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QSignalSpy>
 #include <QTcpServer>
 #include <QTcpSocket>
-#include <QUrl>
-#include <QWebEngineView>
 
 using panorel::Message;
-
-namespace {
-
-constexpr int timeoutMs = 30000;
-const QString recorderPage =
-    QUrl::fromLocalFile(QStringLiteral(PANOREL_TEST_PAGES "/recorder.html")).toString();
-
-} // namespace
 
 /// A server on this machine whose page and script may be kept for an hour.
 class CachedSite
@@ -71,67 +60,9 @@ private:
 };
 
 /// The real road: a page in the web view, its script, and the robot's side.
-class PageTest : public WidgetTestCase
+class PageTest : public PageTestCase
 {
     Q_OBJECT
-
-private:
-    QWebEnginePage *page() const { return screen->findChild<QWebEngineView *>()->page(); }
-
-    /// Runs a script in the page and waits for its value.
-    QVariant evaluate(const QString &script)
-    {
-        QVariant result;
-        bool done = false;
-        page()->runJavaScript(script, [&](const QVariant &value) {
-            result = value;
-            done = true;
-        });
-        if (!QTest::qWaitFor([&done] { return done; }, timeoutMs))
-            QTest::qFail("the page did not answer", __FILE__, __LINE__);
-        return result;
-    }
-    QJsonArray received()
-    {
-        return QJsonDocument::fromJson(
-                   evaluate(QStringLiteral("JSON.stringify(received)")).toString().toUtf8())
-            .array();
-    }
-    QStringList receivedTopics()
-    {
-        QStringList topics;
-        for (const QJsonValue &message : received())
-            topics.append(message.toObject().value(QStringLiteral("type")).toString());
-        return topics;
-    }
-
-    /// Waits until everything that was published before has reached the page.
-    void settle()
-    {
-        static int barrier = 0;
-        const QString name = QStringLiteral("barrier-%1").arg(++barrier);
-        screen->customEvent({{QStringLiteral("barrier"), name}});
-        QTRY_COMPARE_WITH_TIMEOUT(
-            evaluate(QStringLiteral("received.some(m => m.barrier === '%1')").arg(name)).toBool(),
-            true, timeoutMs);
-        evaluate(QStringLiteral("received = received.filter(m => !m.barrier); null"));
-    }
-
-    void waitForChannel()
-    {
-        QTRY_COMPARE_WITH_TIMEOUT(
-            evaluate(QStringLiteral("typeof robot === 'object' && robot !== null")).toBool(), true,
-            timeoutMs);
-    }
-
-    void loadRecorder()
-    {
-        QSignalSpy loaded(page(), &QWebEnginePage::loadFinished);
-        screen->load(recorderPage);
-        QVERIFY(loaded.wait(timeoutMs));
-        QVERIFY(loaded.first().first().toBool());
-        waitForChannel();
-    }
 
 private Q_SLOTS:
     void showsTheReplyToARequest();
@@ -332,7 +263,7 @@ void PageTest::loadForgetsTheCache()
     // How often the script is asked for when a page that wants it is shown; the blank page in
     // between makes sure that only the cache could answer.
     const auto scriptRequests = [&] {
-        for (const QString &url : {recorderPage, address}) {
+        for (const QString &url : {recorderPage(), address}) {
             QSignalSpy loaded(page(), &QWebEnginePage::loadFinished);
             site.requests.clear();
             page()->load(QUrl(url));
@@ -389,9 +320,9 @@ void PageTest::loadIgnoresItsLaterArguments()
     QFETCH(QString, second);
     QFETCH(bool, third);
     QSignalSpy loaded(page(), &QWebEnginePage::loadFinished);
-    screen->load(recorderPage, second, third);
+    screen->load(recorderPage(), second, third);
     QVERIFY(loaded.wait(timeoutMs));
-    QCOMPARE(page()->url(), QUrl(recorderPage));
+    QCOMPARE(page()->url(), QUrl(recorderPage()));
     QCOMPARE(page()->title(), QStringLiteral("recorder"));
 }
 
