@@ -1,7 +1,5 @@
 #include "simulator/core/Mixer.h"
 
-#include <QtGlobal>
-
 namespace simulator {
 
 Mixer &Mixer::instance()
@@ -12,10 +10,20 @@ Mixer &Mixer::instance()
 
 int Mixer::soundVolume() const { return m_soundVolume; }
 
-void Mixer::setSoundVolume(int volume) { m_soundVolume = qBound(0, volume, 100); }
+void Mixer::setSoundVolume(int volume)
+{
+    const int held = qBound(0, volume, 100);
+    if (m_soundVolume.exchange(held) != held)
+        Q_EMIT soundVolumeChanged();
+}
 
 int Mixer::microphoneLevel() const { return m_microphoneLevel; }
 
-void Mixer::setMicrophoneLevel(int level) { m_microphoneLevel = qBound(0, level, 100); }
+void Mixer::setMicrophoneLevel(int level)
+{
+    const int held = qBound(0, level, 100);
+    if (m_microphoneLevel.exchange(held) != held)
+        Q_EMIT microphoneLevelChanged();
+}
 
 } // namespace simulator

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QObject>
+
 #include <atomic>
 
 namespace simulator {
@@ -7,8 +9,10 @@ namespace simulator {
 /// The robot's sound mixer, which the volume functions of the platform read and set. Levels run
 /// from 0 to 100. One object, made on its first use and kept until the program ends. May be used
 /// on any thread.
-class Mixer
+class Mixer : public QObject
 {
+    Q_OBJECT
+
 public:
     static Mixer &instance();
 
@@ -19,6 +23,12 @@ public:
     int microphoneLevel() const;
     /// Held within 0 and 100.
     void setMicrophoneLevel(int level);
+
+Q_SIGNALS:
+    // Each comes on the thread that set the level, and carries none: where several threads set it,
+    // only what the mixer gives when the signal arrives is sure to be the level.
+    void soundVolumeChanged();
+    void microphoneLevelChanged();
 
 private:
     Mixer() = default;

@@ -19,16 +19,30 @@ Outbox &Outbox::instance()
 
 void Outbox::accept()
 {
-    const QMutexLocker lock(&m_mutex);
+    QMutexLocker lock(&m_mutex);
     m_refusing = false;
+    lock.unlock();
+    Q_EMIT answerChanged();
 }
 
 void Outbox::refuse(int code, const QString &text)
 {
-    const QMutexLocker lock(&m_mutex);
+    QMutexLocker lock(&m_mutex);
     m_refusing = true;
     m_refusalCode = code;
     m_refusalText = text;
+    lock.unlock();
+    Q_EMIT answerChanged();
+}
+
+bool Outbox::isRefusing(int &code, QString &text) const
+{
+    const QMutexLocker lock(&m_mutex);
+    if (m_refusing) {
+        code = m_refusalCode;
+        text = m_refusalText;
+    }
+    return m_refusing;
 }
 
 bool Outbox::take(const Mail &mail, int &code, QString &text)
@@ -45,6 +59,7 @@ bool Outbox::take(const Mail &mail, int &code, QString &text)
         return false;
     }
     m_mails.append(mail);
+    m_mails.last().number = ++m_count;
     if (m_mails.size() > KeptMails)
         m_mails.removeFirst();
     lock.unlock();
@@ -61,8 +76,10 @@ QList<Mail> Outbox::mails() const
 
 void Outbox::clear()
 {
-    const QMutexLocker lock(&m_mutex);
+    QMutexLocker lock(&m_mutex);
     m_mails.clear();
+    lock.unlock();
+    Q_EMIT cleared();
 }
 
 void Outbox::setPace(const Pace &pace)

@@ -19,6 +19,8 @@ struct Mail
     QString body;
     /// Paths of the attachments.
     QStringList files;
+    /// Counts the mails that the server took, from 1. The server sets it.
+    int number = 0;
 };
 
 /// The mail server behind every MailSender of this process. One object, made on its first use and
@@ -34,12 +36,14 @@ public:
     void accept();
     /// Refuses every mail with this error.
     void refuse(int code, const QString &text);
+    /// Whether mails are refused; then @p code and @p text are the error.
+    bool isRefusing(int &code, QString &text) const;
 
     /// Takes @p mail. Returns whether it did; otherwise @p code and @p text say why not. Blocks
     /// for as long as the transfer takes.
     bool take(const Mail &mail, int &code, QString &text);
 
-    /// The mails taken, the oldest first.
+    /// The last 100 mails taken, the oldest first.
     QList<Mail> mails() const;
     void clear();
 
@@ -48,8 +52,11 @@ public:
     void setTransferTime(int milliseconds);
 
 Q_SIGNALS:
-    /// Comes on the thread that sends.
+    // Each comes on the thread that caused it.
     void taken(const QString &to, const QString &subject);
+    void cleared();
+    /// Mails are taken again, or refused, or refused with another error.
+    void answerChanged();
 
 private:
     Outbox() = default;
@@ -60,6 +67,7 @@ private:
     QString m_refusalText;
     int m_refusalCode = 0;
     bool m_refusing = false;
+    int m_count = 0; // mails taken
     int m_transferTime = 800;
 };
 

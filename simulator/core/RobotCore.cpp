@@ -4,6 +4,7 @@
 #include "host/UserData.h"
 #include "simulator/core/OperatorDesk.h"
 #include "simulator/core/Outbox.h"
+#include "simulator/core/ScanSample.h"
 #include "simulator/core/ScenarioReader.h"
 #include "simulator/core/SimulatedCamera.h"
 #include "simulator/core/SimulatedDialogModule.h"
@@ -140,20 +141,10 @@ void RobotCore::fillSettings()
 
 void RobotCore::fillDevices()
 {
-    if (m_devices.passportScanner) {
-        m_devices.passportScanner->setResult({
-            {QStringLiteral("surname"), QStringLiteral("MUSTERMANN")},
-            {QStringLiteral("name"), QStringLiteral("ERIKA")},
-            {QStringLiteral("number"), QStringLiteral("C01X00T47")},
-            {QStringLiteral("birth_date"), QStringLiteral("12.08.1983")},
-        });
-    }
-    if (m_devices.documentScanner) {
-        m_devices.documentScanner->setResult({
-            {QStringLiteral("title"), QStringLiteral("Invitation")},
-            {QStringLiteral("text"), QStringLiteral("You are welcome at our open day.")},
-        });
-    }
+    if (m_devices.passportScanner)
+        m_devices.passportScanner->setResult(ScanSample::passports().constFirst().fields);
+    if (m_devices.documentScanner)
+        m_devices.documentScanner->setResult(ScanSample::documents().constFirst().fields);
     // Whoever deleted her does not want her back at the next start.
     if (m_devices.users && m_devices.users->isNew()) {
         FaceInfo face;

@@ -18,16 +18,21 @@ struct SIPMaster::Private
     };
 
     explicit Private(SIPMaster *master);
+    ~Private();
+    Q_DISABLE_COPY(Private)
 
     QUuid enqueue(const QString &content, const QString &number, int recallCount);
     void dialNext();
     void step();
     void stepPublicCall();
     void stepQueuedCall();
+    void stepUnansweredCall(CallState state);
     void endPublicCall(CallState state);
-    void endQueuedCall(bool success);
+    void setQueuedState(CallState state);
+    void endQueuedCall(bool success, CallState state);
     void hangUp();
     void setPublicState(CallState state);
+    void dropCall();
 
     SIPMaster *q;
     QTimer timer;
@@ -53,6 +58,8 @@ SIPMaster::Private::Private(SIPMaster *master)
             hangUp();
     });
 }
+
+SIPMaster::Private::~Private() { dropCall(); }
 
 QUuid SIPMaster::Private::enqueue(const QString &content, const QString &number, int recallCount)
 {
@@ -103,24 +110,34 @@ void SIPMaster::Private::stepQueuedCall()
     TelephoneLine &line = TelephoneLine::instance();
     switch (queuedState) {
     case CallStateIdle:
-        queuedState = CallStateCalling;
         timer.start(line.diallingTime() + line.ringingTime());
         line.reportDialled(queue.constFirst().number);
+        setQueuedState(CallStateCalling);
         break;
     case CallStateCalling:
         if (line.outcome() == TelephoneLine::Outcome::Answered) {
-            queuedState = CallStateConnected;
             timer.start(line.playingTime());
-        } else if (--queue.first().attempts > 0) {
-            queuedState = CallStateIdle;
-            timer.start(line.diallingTime());
-        } else {
-            endQueuedCall(false);
+            setQueuedState(CallStateConnected);
+            break;
         }
+        stepUnansweredCall(line.outcome() == TelephoneLine::Outcome::Busy ? CallStateBusy
+                                                                          : CallStateFailed);
         break;
     default:
-        endQueuedCall(true);
+        endQueuedCall(true, CallStateEnded);
         break;
+    }
+}
+
+// Once more, or never again.
+void SIPMaster::Private::stepUnansweredCall(CallState state)
+{
+    if (--queue.first().attempts > 0) {
+        queuedState = CallStateIdle;
+        timer.start(TelephoneLine::instance().diallingTime());
+        TelephoneLine::instance().reportState(state);
+    } else {
+        endQueuedCall(false, state);
     }
 }
 
@@ -130,15 +147,23 @@ void SIPMaster::Private::endPublicCall(CallState state)
     publicCall = false;
     publicState = CallStateIdle;
     dialNext();
+    TelephoneLine::instance().reportState(state);
     Q_EMIT q->signalPublicCallState(state);
 }
 
-void SIPMaster::Private::endQueuedCall(bool success)
+void SIPMaster::Private::setQueuedState(CallState state)
+{
+    queuedState = state;
+    TelephoneLine::instance().reportState(state);
+}
+
+void SIPMaster::Private::endQueuedCall(bool success, CallState state)
 {
     timer.stop();
     queuedState = CallStateIdle;
     const QUuid id = queue.takeFirst().id;
     dialNext();
+    TelephoneLine::instance().reportState(state);
     Q_EMIT q->signalHiddenCallResult(id, success);
 }
 
@@ -147,13 +172,21 @@ void SIPMaster::Private::hangUp()
     if (publicCall)
         endPublicCall(CallStateEnded);
     else if (queuedState != CallStateIdle)
-        endQueuedCall(false);
+        endQueuedCall(false, CallStateEnded);
 }
 
 void SIPMaster::Private::setPublicState(CallState state)
 {
     publicState = state;
+    TelephoneLine::instance().reportState(state);
     Q_EMIT q->signalPublicCallState(state);
+}
+
+// The line is free; nobody else is told.
+void SIPMaster::Private::dropCall()
+{
+    if (publicState != CallStateIdle || queuedState != CallStateIdle)
+        TelephoneLine::instance().reportState(CallStateEnded);
 }
 
 SIPMaster::SIPMaster(QObject *parent)
@@ -187,8 +220,10 @@ QUuid SIPMaster::playTextToNumber(const QString &text, const QString &number,
 
 void SIPMaster::clearQueue()
 {
-    if (!d->publicCall)
+    if (!d->publicCall) {
         d->timer.stop();
+        d->dropCall();
+    }
     d->queuedState = CallStateIdle;
     d->queue.clear();
 }

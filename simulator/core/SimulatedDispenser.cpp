@@ -46,14 +46,35 @@ void SimulatedDispenser::setConnected(bool connected)
 
 void SimulatedDispenser::setCards(int cards)
 {
+    const int before = m_cards;
     m_cards = qMax(0, cards);
-    if (m_connected && !m_timer.isActive())
-        report(supply());
+    if (m_cards != before)
+        Q_EMIT cardsChanged(m_cards);
+    reportSupply();
 }
 
 int SimulatedDispenser::cards() const { return m_cards; }
 
-void SimulatedDispenser::setJammed(bool jammed) { m_jammed = jammed; }
+void SimulatedDispenser::setJammed(bool jammed)
+{
+    if (m_jammed == jammed)
+        return;
+    m_jammed = jammed;
+    Q_EMIT jammedChanged(jammed);
+}
+
+bool SimulatedDispenser::isJammed() const { return m_jammed; }
+
+void SimulatedDispenser::setBinFull(bool full)
+{
+    if (m_binFull == full)
+        return;
+    m_binFull = full;
+    Q_EMIT binFullChanged(full);
+    reportSupply();
+}
+
+bool SimulatedDispenser::isBinFull() const { return m_binFull; }
 
 void SimulatedDispenser::takeCard()
 {
@@ -75,15 +96,25 @@ void SimulatedDispenser::setIssueTime(int milliseconds) { m_issueTime = millisec
 
 void SimulatedDispenser::onIssued()
 {
-    m_cards = qMax(0, m_cards - 1);
+    if (m_cards > 0)
+        Q_EMIT cardsChanged(--m_cards);
     report(Codes(DispenseSensor) | supply());
+}
+
+// A card at the exit stays there.
+void SimulatedDispenser::reportSupply()
+{
+    if (m_connected && !m_timer.isActive())
+        report(Codes(m_status & DispenseSensor) | supply());
 }
 
 IDispenser::Codes SimulatedDispenser::supply() const
 {
-    if (m_cards == 0)
-        return CardEmpty;
-    return m_cards <= FewCards ? Codes(CardPreEmpty) : Codes();
+    Codes codes;
+    codes.setFlag(CardBinFull, m_binFull);
+    codes.setFlag(CardEmpty, m_cards == 0);
+    codes.setFlag(CardPreEmpty, m_cards > 0 && m_cards <= FewCards);
+    return codes;
 }
 
 void SimulatedDispenser::report(Codes codes)

@@ -7,7 +7,8 @@
 
 namespace simulator {
 
-/// The card dispenser: cards run out, and one card at a time waits to be taken. GUI thread.
+/// The card dispenser: cards run out, and one card at a time waits to be taken. While it hands out
+/// no card, its status word also tells of its supply, the cards and the card bin. GUI thread.
 class SimulatedDispenser : public IDispenser
 {
     Q_OBJECT
@@ -26,6 +27,10 @@ public:
     int cards() const;
     /// The next cards jam until this is taken back.
     void setJammed(bool jammed);
+    bool isJammed() const;
+    /// The bin for cards that nobody took. A full one keeps no card from being handed out.
+    void setBinFull(bool full);
+    bool isBinFull() const;
     /// The user takes the card at the exit.
     void takeCard();
     /// Reports @p code, any combination of the status word's bits, as if the device had.
@@ -39,8 +44,14 @@ public:
     /// How long one card takes, in milliseconds of the robot's time.
     void setIssueTime(int milliseconds);
 
+Q_SIGNALS:
+    void cardsChanged(int cards);
+    void jammedChanged(bool jammed);
+    void binFullChanged(bool full);
+
 private:
     void onIssued();
+    void reportSupply();
     Codes supply() const;
     void report(Codes codes);
 
@@ -48,6 +59,7 @@ private:
     QTimer m_timer;
     bool m_connected = true;
     bool m_jammed = false;
+    bool m_binFull = false;
     int m_cards = 20;
     int m_position = 0;
     int m_issueTime = 1200;

@@ -24,7 +24,7 @@ bool SimulatedPrinter::isConnected() { return m_connected; }
 
 bool SimulatedPrinter::print(const QString &file)
 {
-    if (!m_connected)
+    if (!m_connected || m_refusing || (m_hasInjectedError && m_injectedCode != LowPaper))
         return false;
     if (m_paper <= m_waiting.size()) {
         if (m_waiting.isEmpty())
@@ -52,43 +52,79 @@ void SimulatedPrinter::setConnected(bool connected)
     m_connected = connected;
     m_timer.stop();
     m_waiting.clear();
-    setState(connected ? PrinterState::Idle : PrinterState::NotConnected);
     if (connected)
-        reportPaper();
+        becomeIdle();
+    else
+        setState(PrinterState::NotConnected);
 }
 
 void SimulatedPrinter::setPaper(int sheets)
 {
+    const int before = m_paper;
     m_paper = qMax(0, sheets);
-    if (!m_connected || m_timer.isActive())
-        return;
-    setState(PrinterState::Idle);
-    reportPaper();
+    if (m_paper != before)
+        Q_EMIT paperChanged(m_paper);
+    if (m_connected && !m_timer.isActive() && !m_hasInjectedError)
+        becomeIdle();
 }
 
 int SimulatedPrinter::paper() const { return m_paper; }
 
 void SimulatedPrinter::injectError(int code, const QString &text)
 {
+    m_hasInjectedError = true;
+    m_injectedCode = code;
+    m_injectedText = text;
     m_timer.stop();
     m_waiting.clear();
-    Q_EMIT signalError(code, text);
-    setState(PrinterState::Error);
+    if (m_connected)
+        reportError(code, text);
 }
 
 void SimulatedPrinter::clearError()
 {
-    if (m_state == PrinterState::Error)
-        setState(PrinterState::Idle);
+    if (!m_hasInjectedError)
+        return;
+    m_hasInjectedError = false;
+    if (m_connected && !m_timer.isActive())
+        becomeIdle();
 }
+
+void SimulatedPrinter::setRefusing(bool refusing)
+{
+    if (m_refusing == refusing)
+        return;
+    m_refusing = refusing;
+    Q_EMIT refusingChanged(refusing);
+}
+
+bool SimulatedPrinter::isRefusing() const { return m_refusing; }
 
 PrinterState SimulatedPrinter::state() const { return m_state; }
 
+int SimulatedPrinter::errorCode() const { return m_errorCode; }
+
+QString SimulatedPrinter::errorText() const { return m_errorText; }
+
 QList<QByteArray> SimulatedPrinter::prints() const { return m_prints; }
+
+int SimulatedPrinter::printCount() const { return m_printCount; }
 
 void SimulatedPrinter::setPrintTime(int milliseconds) { m_printTime = milliseconds; }
 
-void SimulatedPrinter::setLowPaper(int sheets) { m_lowPaper = sheets; }
+void SimulatedPrinter::setLowPaper(int sheets)
+{
+    if (m_lowPaper == sheets)
+        return;
+    const bool wasLow = m_paper <= m_lowPaper;
+    m_lowPaper = sheets;
+    Q_EMIT lowPaperChanged(sheets);
+    const bool isLow = m_paper <= m_lowPaper;
+    if (wasLow != isLow && m_connected && !m_timer.isActive() && !m_hasInjectedError)
+        becomeIdle();
+}
+
+int SimulatedPrinter::lowPaper() const { return m_lowPaper; }
 
 void SimulatedPrinter::printNext()
 {
@@ -102,25 +138,40 @@ void SimulatedPrinter::onPrinted()
     m_prints.append(picture);
     if (m_prints.size() > KeptPrints)
         m_prints.removeFirst();
+    ++m_printCount;
     m_paper = qMax(0, m_paper - 1);
+    Q_EMIT paperChanged(m_paper);
     Q_EMIT printed(picture);
 
-    if (!m_waiting.isEmpty()) {
+    if (!m_waiting.isEmpty())
         printNext();
-    } else {
-        setState(PrinterState::Idle);
+    else
+        becomeIdle();
+}
+
+// Idle, or the error that lasts.
+void SimulatedPrinter::becomeIdle()
+{
+    setState(PrinterState::Idle);
+    if (m_hasInjectedError)
+        reportError(m_injectedCode, m_injectedText);
+    else
         reportPaper();
-    }
 }
 
 void SimulatedPrinter::reportPaper()
 {
-    if (m_paper > m_lowPaper)
-        return;
     if (m_paper == 0)
-        Q_EMIT signalError(NoPaper, QStringLiteral("The printer has no paper"));
-    else
-        Q_EMIT signalError(LowPaper, QStringLiteral("The printer is low on paper"));
+        reportError(NoPaper, QStringLiteral("The printer has no paper"));
+    else if (m_paper <= m_lowPaper)
+        reportError(LowPaper, QStringLiteral("The printer is low on paper"));
+}
+
+void SimulatedPrinter::reportError(int code, const QString &text)
+{
+    m_errorCode = code;
+    m_errorText = text;
+    Q_EMIT signalError(code, text);
     setState(PrinterState::Error);
 }
 

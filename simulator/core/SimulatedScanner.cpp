@@ -37,11 +37,23 @@ bool SimulatedScanner::scan(const double &timeout)
     return true;
 }
 
-void SimulatedScanner::setMode(const quint8 &mode) { m_mode = mode; }
+void SimulatedScanner::setMode(const quint8 &mode)
+{
+    m_mode = mode;
+    Q_EMIT optionsChanged();
+}
 
-void SimulatedScanner::setBrightness(const quint8 &brightness) { m_brightness = brightness; }
+void SimulatedScanner::setBrightness(const quint8 &brightness)
+{
+    m_brightness = brightness;
+    Q_EMIT optionsChanged();
+}
 
-void SimulatedScanner::setResolution(const quint16 &resolution) { m_resolution = resolution; }
+void SimulatedScanner::setResolution(const quint16 &resolution)
+{
+    m_resolution = resolution;
+    Q_EMIT optionsChanged();
+}
 
 void SimulatedScanner::setConnected(bool connected)
 {
@@ -55,16 +67,29 @@ void SimulatedScanner::setConnected(bool connected)
 
 void SimulatedScanner::setDocumentPresent(bool present)
 {
+    if (m_documentPresent == present)
+        return;
     m_documentPresent = present;
+    Q_EMIT documentPresentChanged(present);
     if (m_state != ScannerStateWaiting)
         return;
     if (!present)
         m_step.stop();
-    else if (!m_step.isActive())
+    else
         m_step.start(m_pace.milliseconds(m_scanTime * ProgressStep / WholeDocument));
 }
 
-void SimulatedScanner::setResult(const QMap<QString, QString> &result) { m_result = result; }
+bool SimulatedScanner::isDocumentPresent() const { return m_documentPresent; }
+
+void SimulatedScanner::setResult(const QMap<QString, QString> &result)
+{
+    if (m_result == result)
+        return;
+    m_result = result;
+    Q_EMIT resultChanged();
+}
+
+QMap<QString, QString> SimulatedScanner::result() const { return m_result; }
 
 void SimulatedScanner::injectError(int code, const QString &text)
 {
@@ -76,6 +101,8 @@ void SimulatedScanner::injectError(int code, const QString &text)
 }
 
 ScannerState SimulatedScanner::state() const { return m_state; }
+
+int SimulatedScanner::progress() const { return m_progress; }
 
 quint8 SimulatedScanner::mode() const { return m_mode; }
 

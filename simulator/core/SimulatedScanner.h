@@ -29,12 +29,16 @@ public:
     void setConnected(bool connected);
     /// Whether a document lies on the scanner. Laid down during a scan, it is scanned.
     void setDocumentPresent(bool present);
+    bool isDocumentPresent() const;
     /// What the next scans read: field name to text.
     void setResult(const QMap<QString, QString> &result);
+    QMap<QString, QString> result() const;
     /// Ends the running scan, if any, with an error of the scanner's.
     void injectError(int code, const QString &text);
 
     ScannerState state() const;
+    /// How far the scan has come that runs or ran last, from 0 to 100.
+    int progress() const;
     quint8 mode() const;
     quint8 brightness() const;
     /// In dots per inch.
@@ -42,6 +46,12 @@ public:
 
     /// How long one document takes, in milliseconds of the robot's time.
     void setScanTime(int milliseconds);
+
+Q_SIGNALS:
+    void documentPresentChanged(bool present);
+    void resultChanged();
+    /// Mode, brightness or resolution.
+    void optionsChanged();
 
 private:
     void onStep();

@@ -8,7 +8,13 @@ TelephoneLine &TelephoneLine::instance()
     return line;
 }
 
-void TelephoneLine::setOutcome(Outcome outcome) { m_outcome = outcome; }
+void TelephoneLine::setOutcome(Outcome outcome)
+{
+    if (m_outcome == outcome)
+        return;
+    m_outcome = outcome;
+    Q_EMIT outcomeChanged(outcome);
+}
 
 TelephoneLine::Outcome TelephoneLine::outcome() const { return m_outcome; }
 
@@ -31,6 +37,22 @@ int TelephoneLine::ringingTime() const { return m_pace.milliseconds(m_ringing); 
 
 int TelephoneLine::playingTime() const { return m_pace.milliseconds(m_playing); }
 
-void TelephoneLine::reportDialled(const QString &number) { Q_EMIT dialled(number); }
+CallState TelephoneLine::state() const { return m_state; }
+
+QString TelephoneLine::number() const { return m_number; }
+
+void TelephoneLine::reportDialled(const QString &number)
+{
+    m_number = number;
+    Q_EMIT dialled(number);
+}
+
+void TelephoneLine::reportState(CallState state)
+{
+    if (m_state == state)
+        return;
+    m_state = state;
+    Q_EMIT stateChanged(state);
+}
 
 } // namespace simulator

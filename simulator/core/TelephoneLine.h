@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/CallState.h"
 #include "simulator/core/Pace.h"
 
 #include <QObject>
@@ -23,7 +24,12 @@ public:
     void setOutcome(Outcome outcome);
     Outcome outcome() const;
 
-    /// The called party of a call that is answered presses a key.
+    // The tones of the keys that are no digit.
+    static const int StarTone = 10;
+    static const int HashTone = 11;
+
+    /// The called party of a call that is answered presses a key. @p tone is 0 to 9 for the digits,
+    /// 10 for * and 11 for #.
     void pressKey(int tone);
     /// The called party of a call that is answered hangs up.
     void hangUp();
@@ -37,11 +43,20 @@ public:
     int ringingTime() const;
     int playingTime() const;
 
+    /// How the call stands that was made last, ordinary or queued; Idle before the first.
+    CallState state() const;
+    /// The number dialled last; empty before the first call.
+    QString number() const;
+
     /// Called by a SIPMaster that dials.
     void reportDialled(const QString &number);
+    /// Called by a SIPMaster whose call goes on or ends.
+    void reportState(CallState state);
 
 Q_SIGNALS:
+    void outcomeChanged(TelephoneLine::Outcome outcome);
     void dialled(const QString &number);
+    void stateChanged(CallState state);
     void keyPressed(int tone);
     void hungUp();
 
@@ -50,6 +65,8 @@ private:
 
     Pace m_pace;
     Outcome m_outcome = Outcome::Answered;
+    CallState m_state = CallStateIdle;
+    QString m_number;
     int m_dialling = 300;
     int m_ringing = 1500;
     int m_playing = 3000;

@@ -22,6 +22,8 @@ private Q_SLOTS:
     void reportsWhatIsMissing();
     void takesAttachments();
     void reportsOnceOnTheSendingThread();
+    void theServerTellsHowItAnswers();
+    void theServerCountsItsMails();
 
 protected:
     void setUp() override
@@ -146,6 +148,37 @@ void MailSenderTest::reportsOnceOnTheSendingThread()
     QCOMPARE(reportsAtReturn, 1);
     QCOMPARE(reportedOn, thread.get());
     QTRY_COMPARE(m_events, QStringList{QStringLiteral("finished")}); // queued to this thread
+}
+
+void MailSenderTest::theServerTellsHowItAnswers()
+{
+    QSignalSpy answer(&Outbox::instance(), &Outbox::answerChanged);
+    int code = 7;
+    QString text = m_to;
+    QVERIFY(!Outbox::instance().isRefusing(code, text));
+    QCOMPARE(code, 7); // there is no error
+    QCOMPARE(text, m_to);
+    Outbox::instance().refuse(535, QStringLiteral("who are you?"));
+    QVERIFY(Outbox::instance().isRefusing(code, text));
+    QCOMPARE(code, 535);
+    QCOMPARE(text, QStringLiteral("who are you?"));
+    Outbox::instance().accept();
+    QCOMPARE(answer.count(), 2);
+}
+
+void MailSenderTest::theServerCountsItsMails()
+{
+    QSignalSpy cleared(&Outbox::instance(), &Outbox::cleared);
+    const auto send = [this] {
+        makeSender()->send(m_from, m_to, QString(), QString(), {});
+        return Outbox::instance().mails().constLast().number;
+    };
+    const int first = send();
+    QVERIFY(first > 0);
+    QCOMPARE(send(), first + 1);
+    Outbox::instance().clear();
+    QCOMPARE(cleared.count(), 1);
+    QCOMPARE(send(), first + 2); // no number comes twice
 }
 
 QTEST_GUILESS_MAIN(MailSenderTest)

@@ -16,6 +16,10 @@ private Q_SLOTS:
     void reportsWhyThereIsNoCard();
     void isBusyWithTheCardBefore();
     void passesAnyStatusWord();
+    void tellsOfAFullBin();
+    void theCardStaysAtTheExit();
+    void reportsItsCards();
+    void reportsWhatWasSwitched();
 
 protected:
     void setUp() override
@@ -93,6 +97,59 @@ void SimulatedDispenserTest::passesAnyStatusWord()
     m_dispenser->injectStatus(0xffff);
     QCOMPARE(m_words, QList<int>{0xffff});
     QCOMPARE(m_dispenser->status(), static_cast<unsigned short>(0xffff));
+}
+
+void SimulatedDispenserTest::tellsOfAFullBin()
+{
+    m_dispenser->setBinFull(true);
+    QCOMPARE(m_words, QList<int>{0x1000});
+    m_dispenser->issueCard(4); // all the same
+    QTRY_COMPARE(m_words, (QList<int>{0x1000, 0x0800, 0x1004}));
+    m_dispenser->takeCard();
+    QCOMPARE(m_words.last(), 0x1000);
+    m_dispenser->setBinFull(false);
+    QCOMPARE(m_words.last(), 0);
+    m_dispenser->setConnected(false);
+    m_words.clear();
+    m_dispenser->setBinFull(true);
+    QVERIFY(m_words.isEmpty());
+    m_dispenser->setConnected(true);
+    QCOMPARE(m_words, QList<int>{0x1000});
+}
+
+void SimulatedDispenserTest::theCardStaysAtTheExit()
+{
+    m_dispenser->issueCard(4);
+    QTRY_COMPARE(m_words.size(), 2);
+    m_dispenser->setCards(2);
+    QCOMPARE(m_words.last(), 0x0014);
+    m_dispenser->takeCard();
+    QCOMPARE(m_words.last(), 0x0010);
+}
+
+void SimulatedDispenserTest::reportsItsCards()
+{
+    QSignalSpy cards(m_dispenser.data(), &SimulatedDispenser::cardsChanged);
+    m_dispenser->setCards(9);
+    m_dispenser->setCards(9);
+    m_dispenser->issueCard(4);
+    QTRY_COMPARE(cards.count(), 2);
+    QCOMPARE(cards.at(0).at(0).toInt(), 9);
+    QCOMPARE(cards.at(1).at(0).toInt(), 8);
+}
+
+void SimulatedDispenserTest::reportsWhatWasSwitched()
+{
+    QSignalSpy jammed(m_dispenser.data(), &SimulatedDispenser::jammedChanged);
+    QSignalSpy full(m_dispenser.data(), &SimulatedDispenser::binFullChanged);
+    for (int i = 0; i < 2; ++i) {
+        m_dispenser->setJammed(true);
+        m_dispenser->setBinFull(true);
+    }
+    QCOMPARE(jammed.count(), 1);
+    QCOMPARE(full.count(), 1);
+    QVERIFY(m_dispenser->isJammed());
+    QVERIFY(m_dispenser->isBinFull());
 }
 
 QTEST_GUILESS_MAIN(SimulatedDispenserTest)

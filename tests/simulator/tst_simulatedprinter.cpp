@@ -22,6 +22,14 @@ private Q_SLOTS:
     void reportsLowPaper();
     void newPaperEndsTheError();
     void reportsAnInjectedError();
+    void anErrorLasts();
+    void lowPaperAsAnErrorKeepsNothingFromBeingPrinted();
+    void anErrorOutlastsThePlug();
+    void clearingAnErrorBringsNoPaper();
+    void mayRefuseEverything();
+    void reportsItsPaper();
+    void judgesThePaperByANewThreshold();
+    void countsItsPrints();
 
 protected:
     void setUp() override
@@ -142,6 +150,110 @@ void SimulatedPrinterTest::reportsAnInjectedError()
     QCOMPARE(m_printer->state(), PrinterState::Error);
     m_printer->clearError();
     QCOMPARE(m_printer->state(), PrinterState::Idle);
+}
+
+void SimulatedPrinterTest::anErrorLasts()
+{
+    m_printer->injectError(7, QStringLiteral("cover open"));
+    QVERIFY(!m_printer->print(write(m_png)));
+    m_printer->setPaper(40);
+    m_printer->setLowPaper(45);
+    QCOMPARE(m_printer->state(), PrinterState::Error);
+    QCOMPARE(m_printer->errorCode(), 7);
+    QCOMPARE(m_printer->errorText(), QStringLiteral("cover open"));
+    m_printer->setLowPaper(5);
+    m_printer->clearError();
+    QCOMPARE(m_printer->state(), PrinterState::Idle);
+    QVERIFY(m_printer->print(write(m_png)));
+}
+
+void SimulatedPrinterTest::lowPaperAsAnErrorKeepsNothingFromBeingPrinted()
+{
+    m_printer->injectError(2, QStringLiteral("few sheets"));
+    QVERIFY(m_printer->print(write(m_png)));
+    QTRY_COMPARE(m_printer->printCount(), 1);
+    QCOMPARE(m_printer->state(), PrinterState::Error); // still
+    QCOMPARE(m_errors, (QList<int>{2, 2}));
+}
+
+void SimulatedPrinterTest::anErrorOutlastsThePlug()
+{
+    m_printer->setConnected(false);
+    m_printer->injectError(7, QStringLiteral("cover open"));
+    QCOMPARE(m_printer->state(), PrinterState::NotConnected);
+    QVERIFY(m_errors.isEmpty());
+    m_printer->setConnected(true);
+    QCOMPARE(m_errors, QList<int>{7});
+    QCOMPARE(m_printer->state(), PrinterState::Error);
+    m_printer->setConnected(false);
+    m_printer->clearError();
+    QCOMPARE(m_printer->state(), PrinterState::NotConnected);
+    m_printer->setConnected(true);
+    QCOMPARE(m_printer->state(), PrinterState::Idle);
+}
+
+void SimulatedPrinterTest::clearingAnErrorBringsNoPaper()
+{
+    m_printer->setPaper(0);
+    m_printer->clearError(); // there is none of this kind
+    QCOMPARE(m_printer->state(), PrinterState::Error);
+    m_printer->injectError(7, QStringLiteral("cover open"));
+    m_printer->clearError();
+    QCOMPARE(m_printer->errorCode(), 1);
+    QCOMPARE(m_printer->state(), PrinterState::Error);
+}
+
+void SimulatedPrinterTest::mayRefuseEverything()
+{
+    QSignalSpy changed(m_printer.data(), &SimulatedPrinter::refusingChanged);
+    m_printer->setRefusing(true);
+    m_printer->setRefusing(true);
+    QCOMPARE(changed.count(), 1);
+    QVERIFY(!m_printer->print(write(m_png)));
+    QVERIFY(m_states.isEmpty());
+    m_printer->setRefusing(false);
+    QVERIFY(m_printer->print(write(m_png)));
+}
+
+void SimulatedPrinterTest::reportsItsPaper()
+{
+    QSignalSpy paper(m_printer.data(), &SimulatedPrinter::paperChanged);
+    m_printer->setPaper(20);
+    m_printer->setPaper(20);
+    QVERIFY(m_printer->print(write(m_png)));
+    QTRY_COMPARE(paper.count(), 2);
+    QCOMPARE(paper.at(0).at(0).toInt(), 20);
+    QCOMPARE(paper.at(1).at(0).toInt(), 19);
+}
+
+void SimulatedPrinterTest::judgesThePaperByANewThreshold()
+{
+    m_printer->setPaper(20);
+    QSignalSpy changed(m_printer.data(), &SimulatedPrinter::lowPaperChanged);
+    m_states.clear();
+    m_printer->setLowPaper(19);
+    m_printer->setLowPaper(19);
+    QCOMPARE(changed.count(), 1);
+    QVERIFY(m_states.isEmpty()); // not low
+    m_printer->setLowPaper(20);
+    QCOMPARE(m_errors, QList<int>{2});
+    QCOMPARE(m_printer->state(), PrinterState::Error);
+    m_printer->setLowPaper(5);
+    QCOMPARE(m_printer->state(), PrinterState::Idle);
+    m_printer->setConnected(false);
+    m_printer->setLowPaper(30);
+    QCOMPARE(m_printer->state(), PrinterState::NotConnected);
+}
+
+void SimulatedPrinterTest::countsItsPrints()
+{
+    m_printer->setPrintTime(0);
+    m_printer->setPaper(100);
+    for (int i = 0; i < 51; ++i)
+        QVERIFY(m_printer->print(write(m_png + QByteArray::number(i))));
+    QTRY_COMPARE(m_printer->printCount(), 51);
+    QCOMPARE(m_printer->prints().size(), 50); // the first is forgotten
+    QCOMPARE(m_printer->prints().constFirst(), m_png + "1");
 }
 
 QTEST_GUILESS_MAIN(SimulatedPrinterTest)

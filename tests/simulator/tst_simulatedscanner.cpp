@@ -19,6 +19,8 @@ private Q_SLOTS:
     void unpluggingEndsTheScan();
     void errorEndsTheScan();
     void keepsItsOptions();
+    void reportsWhatWasChanged();
+    void tellsHowFarItIs();
 
 protected:
     void setUp() override
@@ -125,6 +127,40 @@ void SimulatedScannerTest::keepsItsOptions()
     QCOMPARE(int(m_scanner->mode()), 3);
     QCOMPARE(int(m_scanner->brightness()), 200);
     QCOMPARE(int(m_scanner->resolution()), 600);
+}
+
+void SimulatedScannerTest::reportsWhatWasChanged()
+{
+    QSignalSpy options(m_scanner.data(), &SimulatedScanner::optionsChanged);
+    m_scanner->setMode(1);
+    m_scanner->setBrightness(2);
+    m_scanner->setResolution(3);
+    QCOMPARE(options.count(), 3);
+
+    QSignalSpy present(m_scanner.data(), &SimulatedScanner::documentPresentChanged);
+    m_scanner->setDocumentPresent(false);
+    m_scanner->setDocumentPresent(false);
+    QCOMPARE(present.count(), 1);
+    QVERIFY(!m_scanner->isDocumentPresent());
+
+    QSignalSpy result(m_scanner.data(), &SimulatedScanner::resultChanged);
+    m_scanner->setResult(m_result);
+    QCOMPARE(result.count(), 0);
+    m_scanner->setResult({});
+    QCOMPARE(result.count(), 1);
+    QVERIFY(m_scanner->result().isEmpty());
+}
+
+void SimulatedScannerTest::tellsHowFarItIs()
+{
+    QList<double> read;
+    connect(m_scanner.data(), &IScanner::signalProgress, this,
+            [&read, this] { read.append(m_scanner->progress()); });
+    QVERIFY(m_scanner->scan(30));
+    QTRY_COMPARE(m_finishes, 1);
+    QCOMPARE(read, m_progress);
+    QVERIFY(m_scanner->scan(30));
+    QCOMPARE(m_scanner->progress(), 0);
 }
 
 QTEST_GUILESS_MAIN(SimulatedScannerTest)

@@ -27,6 +27,14 @@ private Q_SLOTS:
     void clearingDropsQueuedCallsSilently();
     void queueWaitsForTheOrdinaryCall();
     void mayDieDuringACall();
+    void theLineShowsEveryCall_data();
+    void theLineShowsEveryCall();
+    void theLineShowsQueuedCalls_data();
+    void theLineShowsQueuedCalls();
+    void theLineIsFreeAfterwards_data();
+    void theLineIsFreeAfterwards();
+    void theLineRemembersTheNumber();
+    void theLineReportsANewOutcome();
 
 protected:
     void setUp() override
@@ -34,6 +42,10 @@ protected:
         TelephoneLine::instance().setPace(Pace());
         TelephoneLine::instance().setTimes(1, 1, 1);
         TelephoneLine::instance().setOutcome(Outcome::Answered);
+        TelephoneLine::instance().reportState(CallStateIdle);
+        m_lineStates.clear();
+        connect(&TelephoneLine::instance(), &TelephoneLine::stateChanged, this,
+                &SIPMasterTest::noteLineState);
         m_states.clear();
         m_results.clear();
         m_sip.reset(new SIPMaster);
@@ -44,12 +56,19 @@ protected:
                     m_results.append({id, success});
                 });
     }
-    void tearDown() override { m_sip.reset(); }
+    void tearDown() override
+    {
+        m_sip.reset();
+        TelephoneLine::instance().disconnect(this);
+    }
 
 private:
+    void noteLineState(CallState state) { m_lineStates.append(state); }
+
     const QString m_number = QStringLiteral("123");
     QScopedPointer<SIPMaster> m_sip;
     QList<int> m_states;
+    QList<int> m_lineStates;
     QList<QPair<QUuid, bool>> m_results;
 };
 
@@ -203,6 +222,94 @@ void SIPMasterTest::mayDieDuringACall()
     TelephoneLine::instance().pressKey(1);
     TelephoneLine::instance().hangUp();
     turnEventLoop();
+}
+
+void SIPMasterTest::theLineShowsEveryCall_data() { callEnds_data(); }
+
+void SIPMasterTest::theLineShowsEveryCall()
+{
+    QFETCH(Outcome, outcome);
+    QFETCH(QList<int>, states);
+    TelephoneLine::instance().setOutcome(outcome);
+    QVERIFY(m_sip->callToNumber(m_number));
+    QTRY_COMPARE(m_lineStates, states);
+    QCOMPARE(TelephoneLine::instance().state(), static_cast<CallState>(states.last()));
+}
+
+void SIPMasterTest::theLineShowsQueuedCalls_data()
+{
+    QTest::addColumn<Outcome>("outcome");
+    QTest::addColumn<int>("recallCount");
+    QTest::addColumn<QList<int>>("states");
+    QTest::newRow("answered") << Outcome::Answered << 1
+                              << QList<int>{CallStateCalling, CallStateConnected, CallStateEnded};
+    QTest::newRow("busy, twice") << Outcome::Busy << 1
+                                 << QList<int>{CallStateCalling, CallStateBusy, CallStateCalling,
+                                               CallStateBusy};
+    QTest::newRow("no answer") << Outcome::NoAnswer << 0
+                               << QList<int>{CallStateCalling, CallStateFailed};
+}
+
+void SIPMasterTest::theLineShowsQueuedCalls()
+{
+    QFETCH(Outcome, outcome);
+    QFETCH(int, recallCount);
+    QFETCH(QList<int>, states);
+    TelephoneLine::instance().setOutcome(outcome);
+    m_sip->playTextToNumber(QStringLiteral("Hello"), m_number, recallCount);
+    QTRY_COMPARE(m_results.size(), 1);
+    QCOMPARE(m_lineStates, states);
+    QVERIFY(m_states.isEmpty()); // an ordinary call's only
+}
+
+void SIPMasterTest::theLineIsFreeAfterwards_data()
+{
+    QTest::addColumn<bool>("queued");
+    QTest::addColumn<QString>("how");
+    QTest::newRow("stopped") << false << "stop";
+    QTest::newRow("queued, stopped") << true << "stop";
+    QTest::newRow("died") << false << "die";
+    QTest::newRow("queued, died") << true << "die";
+    QTest::newRow("queued, cleared") << true << "clear";
+}
+
+void SIPMasterTest::theLineIsFreeAfterwards()
+{
+    QFETCH(bool, queued);
+    QFETCH(QString, how);
+    TelephoneLine::instance().setTimes(1, 1, 60000);
+    if (queued)
+        m_sip->playTextToNumber(QStringLiteral("Hello"), m_number, 1);
+    else
+        QVERIFY(m_sip->callToNumber(m_number));
+    QTRY_COMPARE(TelephoneLine::instance().state(), CallStateConnected);
+    if (how == QStringLiteral("stop"))
+        m_sip->stopCall();
+    else if (how == QStringLiteral("clear"))
+        m_sip->clearQueue();
+    else
+        m_sip.reset();
+    QCOMPARE(m_lineStates.last(), static_cast<int>(CallStateEnded));
+}
+
+void SIPMasterTest::theLineRemembersTheNumber()
+{
+    QVERIFY(m_sip->callToNumber(QStringLiteral("1")));
+    QCOMPARE(TelephoneLine::instance().number(), QStringLiteral("1"));
+    m_sip->stopCall();
+    m_sip->playTextToNumber(QStringLiteral("Hello"), QStringLiteral("2"), 1);
+    QTRY_COMPARE(TelephoneLine::instance().number(), QStringLiteral("2"));
+}
+
+void SIPMasterTest::theLineReportsANewOutcome()
+{
+    int reports = 0;
+    const auto connection = connect(&TelephoneLine::instance(), &TelephoneLine::outcomeChanged,
+                                    m_sip.data(), [&reports] { ++reports; });
+    TelephoneLine::instance().setOutcome(Outcome::Busy);
+    TelephoneLine::instance().setOutcome(Outcome::Busy);
+    QCOMPARE(reports, 1);
+    disconnect(connection);
 }
 
 QTEST_GUILESS_MAIN(SIPMasterTest)
