@@ -2,9 +2,35 @@
 
 #include <QCommandLineParser>
 
+#include <algorithm>
+#include <iterator>
+
 namespace simulator {
 
 namespace {
+
+struct DeviceName
+{
+    QLatin1String name;
+    bool RobotCore::Equipment::*member;
+};
+
+const DeviceName deviceNames[] = {
+    {QLatin1String("printer"), &RobotCore::Equipment::printer},
+    {QLatin1String("dispenser"), &RobotCore::Equipment::dispenser},
+    {QLatin1String("passport-scanner"), &RobotCore::Equipment::passportScanner},
+    {QLatin1String("document-scanner"), &RobotCore::Equipment::documentScanner},
+    {QLatin1String("keyboard"), &RobotCore::Equipment::keyboard},
+    {QLatin1String("users"), &RobotCore::Equipment::users},
+};
+
+QString allDeviceNames()
+{
+    QStringList names;
+    for (const DeviceName &device : deviceNames)
+        names.append(device.name);
+    return names.join(QStringLiteral(", "));
+}
 
 /// The options, and a parser that knows them.
 struct Options
@@ -43,6 +69,11 @@ struct Options
         QStringLiteral("Where the robot keeps whom it knows; made when it is not there. Default: "
                        "the user's own data folder."),
         QStringLiteral("FOLDER")};
+    QCommandLineOption without{
+        QStringLiteral("without"),
+        QStringLiteral("What the robot does not have, separated by commas: %1.")
+            .arg(allDeviceNames()),
+        QStringLiteral("NAMES")};
     QCommandLineOption log{
         QStringLiteral("log"),
         QStringLiteral("Write the library's debug log to the standard error output.")};
@@ -55,7 +86,7 @@ Options::Options()
         "the page asks of the robot, buttons for everything that can happen on a robot, and the\n"
         "messages in both directions.\n\n"
         "Exit codes: 0 done, 1 page, scenario or picture failed, 2 wrong arguments."));
-    parser.addOptions({help, page, scenario, screenshot, demo, speed, data, log});
+    parser.addOptions({help, page, scenario, screenshot, demo, speed, data, without, log});
 }
 
 } // namespace
@@ -85,7 +116,7 @@ CommandLine::CommandLine(const QStringList &arguments)
         return;
     }
     for (const QCommandLineOption *option :
-         {&options.page, &options.scenario, &options.screenshot, &options.data}) {
+         {&options.page, &options.scenario, &options.screenshot, &options.data, &options.without}) {
         if (parser.isSet(*option) && parser.value(*option).isEmpty()) {
             mistake(QStringLiteral("--%1 needs a value that is not empty.")
                         .arg(option->names().constFirst()));
@@ -104,12 +135,36 @@ CommandLine::CommandLine(const QStringList &arguments)
         }
     }
 
+    const QStringList lists = parser.values(options.without);
+    for (const QString &list : lists) {
+        const QStringList names = list.split(QLatin1Char(','));
+        for (const QString &name : names) {
+            if (!takeAway(name.trimmed())) {
+                mistake(QStringLiteral("--without does not know \"%1\". It knows %2.")
+                            .arg(name.trimmed(), allDeviceNames()));
+                return;
+            }
+        }
+    }
+
     m_page = parser.value(options.page);
     m_scenario = parser.value(options.scenario);
     m_screenshot = parser.value(options.screenshot);
     m_data = parser.value(options.data);
     m_demo = parser.isSet(options.demo);
     m_log = parser.isSet(options.log);
+}
+
+// False when no device has this name.
+bool CommandLine::takeAway(const QString &device)
+{
+    const auto known =
+        std::find_if(std::begin(deviceNames), std::end(deviceNames),
+                     [&device](const DeviceName &one) { return one.name == device; });
+    if (known == std::end(deviceNames))
+        return false;
+    m_equipment.*known->member = false;
+    return true;
 }
 
 } // namespace simulator

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "simulator/core/RobotCore.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -28,18 +30,23 @@ public:
     QString screenshot() const { return m_screenshot; }
     /// The folder for the robot's data; empty means the user's own.
     QString data() const { return m_data; }
+    /// The devices that the robot has. It names no data folder.
+    const RobotCore::Equipment &equipment() const { return m_equipment; }
     bool demo() const { return m_demo; }
     bool log() const { return m_log; }
     /// How fast the robot's time runs: 1 is real time.
     double speed() const { return m_speed; }
 
 private:
+    bool takeAway(const QString &device);
+
     Outcome m_outcome = Outcome::Run;
     QString m_mistake;
     QString m_page;
     QString m_scenario;
     QString m_screenshot;
     QString m_data;
+    RobotCore::Equipment m_equipment;
     bool m_demo = false;
     bool m_log = false;
     double m_speed = 1.0;

@@ -2,11 +2,13 @@
 
 #include "simulator/app/ApplicationEventsPanel.h"
 #include "simulator/app/CameraPanel.h"
+#include "simulator/app/DevicesPanel.h"
 #include "simulator/app/DialogPanel.h"
 #include "simulator/app/MessageLogView.h"
 #include "simulator/app/RobotEventsPanel.h"
 #include "simulator/app/StatePanel.h"
 #include "simulator/app/VisitorEventsPanel.h"
+#include "simulator/core/RobotCore.h"
 
 #include <QFormLayout>
 #include <QGroupBox>
@@ -35,7 +37,7 @@ ControlPanel::ControlPanel(RobotCore *core, RobotScreen *screen, MessageLog *log
     tabs->addTab(new VisitorEventsPanel(core, screen), tr("Person"));
     tabs->addTab(new RobotEventsPanel(core, screen), tr("Robot"));
     tabs->addTab(new DialogPanel(core), tr("Dialog"));
-    tabs->addTab(new ApplicationEventsPanel(screen), tr("Application"));
+    tabs->addTab(new ApplicationEventsPanel(screen), tr("App"));
     for (int i = 0; i < tabs->count(); ++i) {
         auto *form = qobject_cast<QFormLayout *>(tabs->widget(i)->layout());
         form->setHorizontalSpacing(8);
@@ -44,6 +46,7 @@ ControlPanel::ControlPanel(RobotCore *core, RobotScreen *screen, MessageLog *log
         form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     }
     tabs->insertTab(1, new CameraPanel(core), tr("Camera"));
+    tabs->insertTab(4, new DevicesPanel(core->devices()), tr("Devices"));
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(8, 8, 8, 8);

@@ -1,8 +1,11 @@
 #include "simulator/app/FormRow.h"
 
+#include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QStringList>
 
 namespace simulator {
@@ -21,6 +24,21 @@ QPushButton *formButton(const QString &text)
     auto *button = new QPushButton(text);
     button->setAutoDefault(false);
     return button;
+}
+
+QSpinBox *formNumber(int least, int most)
+{
+    auto *number = new QSpinBox;
+    number->setRange(least, most);
+    number->setKeyboardTracking(false); // the "1" of "12" is no number yet
+    return number;
+}
+
+QCheckBox *formPlug()
+{
+    auto *plug = new QCheckBox(QCoreApplication::translate("simulator::FormRow", "Plugged in"));
+    plug->setChecked(true);
+    return plug;
 }
 
 QComboBox *formChoice(const QStringList &names)

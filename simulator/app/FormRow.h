@@ -2,9 +2,11 @@
 
 #include <QList>
 
+class QCheckBox;
 class QComboBox;
 class QHBoxLayout;
 class QPushButton;
+class QSpinBox;
 class QString;
 class QStringList;
 class QWidget;
@@ -19,6 +21,12 @@ QHBoxLayout *formRow(const QList<QWidget *> &widgets);
 
 /// A button as wide as its text needs.
 QPushButton *formButton(const QString &text);
+
+/// A field for a whole number that takes a typed one when it is complete.
+QSpinBox *formNumber(int least, int most);
+
+/// A box that shows whether a device is plugged in, and that a person plugs it in and out with.
+QCheckBox *formPlug();
 
 /// A choice of @p names; the index of each is its value.
 QComboBox *formChoice(const QStringList &names);

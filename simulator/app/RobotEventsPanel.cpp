@@ -52,11 +52,14 @@ void RobotEventsPanel::addDrive(QFormLayout *form)
     QPushButton *movement = formButton(tr("Report"));
     QPushButton *charger = formButton(tr("Report"));
     form->addRow(tr("Drive mode"), formRow({m_mode, mode}));
-    form->addRow(tr("Movement"), formRow({m_movement, movement}));
+    QPushButton *block = formButton(tr("Blocked"));
+    block->setToolTip(tr("Something stands in the way of the drive that is under way"));
+    form->addRow(tr("Movement"), formRow({m_movement, block, movement}));
     form->addRow(tr("Charger"), formRow({m_charger, charger}));
 
     connect(mode, &QPushButton::clicked, this,
             [this] { m_core->drive()->setMode(static_cast<DriveMode>(m_mode->currentIndex())); });
+    connect(block, &QPushButton::clicked, m_core->drive(), &SimulatedDrive::block);
     connect(movement, &QPushButton::clicked, this, [this] {
         m_screen->driveStatus(static_cast<MovementStatus>(m_movement->currentIndex()));
     });

@@ -4,37 +4,69 @@ namespace simulator {
 
 QStringList StateNames::driveModes()
 {
-    return {QStringLiteral("manual"), QStringLiteral("automatic"), QStringLiteral("follow"),
-            QStringLiteral("disabled")};
+    return {tr("manual"), tr("automatic"), tr("follow"), tr("disabled")};
 }
 
 QStringList StateNames::movements()
 {
-    return {QStringLiteral("stopped"), QStringLiteral("moving"), QStringLiteral("paused"),
-            QStringLiteral("reached"), QStringLiteral("blocked")};
+    return {tr("stopped"), tr("moving"), tr("paused"), tr("reached"), tr("blocked")};
 }
 
 QStringList StateNames::chargerMovements()
 {
-    return {QStringLiteral("away"), QStringLiteral("approaching"), QStringLiteral("charging"),
-            QStringLiteral("leaving"), QStringLiteral("failed")};
+    return {tr("away"), tr("approaching"), tr("charging"), tr("leaving"), tr("failed")};
 }
 
 QStringList StateNames::operatorResponses()
 {
-    return {QStringLiteral("queued"), QStringLiteral("accepted"), QStringLiteral("busy"),
-            QStringLiteral("absent")};
+    return {tr("queued"), tr("accepted"), tr("busy"), tr("absent")};
 }
 
-QStringList StateNames::finishes()
-{
-    return {QStringLiteral("success"), QStringLiteral("cancelled"), QStringLiteral("failed")};
-}
+QStringList StateNames::finishes() { return {tr("success"), tr("cancelled"), tr("failed")}; }
 
 QStringList StateNames::reasons()
 {
-    return {QStringLiteral("unknown"), QStringLiteral("face seen"), QStringLiteral("speech heard"),
-            QStringLiteral("screen touched"), QStringLiteral("requested")};
+    return {tr("unknown"), tr("face seen"), tr("speech heard"), tr("screen touched"),
+            tr("requested")};
+}
+
+QStringList StateNames::printerStates()
+{
+    return {tr("idle"), tr("printing"), tr("error"), tr("not connected")};
+}
+
+QStringList StateNames::scannerStates()
+{
+    return {tr("idle"), tr("waits for a document"), tr("scanning"), tr("recognizing"),
+            tr("not connected")};
+}
+
+QStringList StateNames::callStates()
+{
+    return {tr("no call"), tr("calling"), tr("ringing"), tr("connected"),
+            tr("busy"),    tr("failed"),  tr("ended")};
+}
+
+QStringList StateNames::callOutcomes() { return {tr("answered"), tr("busy"), tr("no answer")}; }
+
+QStringList StateNames::dispenserBits()
+{
+    return {tr("capture sensor 1"),
+            tr("capture sensor 2"),
+            tr("card at the exit"),
+            tr("no cards"),
+            tr("few cards"),
+            tr("card jam"),
+            tr("card overlap"),
+            {},
+            tr("dispense error"),
+            tr("capture error"),
+            {},
+            tr("dispensing"),
+            tr("card bin full"),
+            {},
+            tr("communication timeout"),
+            tr("not connected")};
 }
 
 QString StateNames::name(const QStringList &names, int value)

@@ -67,6 +67,8 @@ QString dataFolder(const CommandLine &commandLine)
 
 void tellProblem(const RobotCore &core)
 {
+    if (!core.devices().users)
+        return; // it has none to keep
     const QString problem = core.devices().users->problem();
     if (!problem.isEmpty())
         print(stderr, problem + QStringLiteral("\nAnother folder is given with --data."));
@@ -121,7 +123,7 @@ int main(int argc, char *argv[])
     }
 
     // The core outlives the window: the screen's handlers use it until they are gone.
-    RobotCore::Equipment equipment;
+    RobotCore::Equipment equipment = commandLine.equipment();
     equipment.dataFolder = dataFolder(commandLine);
     RobotCore core(equipment);
     tellProblem(core);

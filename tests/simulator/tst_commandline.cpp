@@ -14,8 +14,27 @@ private Q_SLOTS:
     void rejects_data();
     void rejects();
     void helpNamesEveryOption();
+    void takesDevicesAway_data();
+    void takesDevicesAway();
+    void namesTheDevicesThatItKnows();
 
 private:
+    /// The first letters of what the robot does not have, in the order of the help.
+    static QString missing(const CommandLine &line)
+    {
+        const simulator::RobotCore::Equipment &has = line.equipment();
+        QString letters;
+        for (const auto &device : QList<QPair<bool, char>>{{has.printer, 'P'},
+                                                           {has.dispenser, 'D'},
+                                                           {has.passportScanner, 'p'},
+                                                           {has.documentScanner, 'd'},
+                                                           {has.keyboard, 'k'},
+                                                           {has.users, 'u'}}) {
+            if (!device.first)
+                letters.append(QLatin1Char(device.second));
+        }
+        return letters;
+    }
     static CommandLine parse(const QStringList &arguments)
     {
         return CommandLine(QStringList{QStringLiteral("panorel-simulator")} + arguments);
@@ -33,6 +52,7 @@ void CommandLineTest::defaults()
     QVERIFY(!line.demo());
     QVERIFY(!line.log());
     QCOMPARE(line.speed(), 1.0);
+    QCOMPARE(missing(line), QString());
 }
 
 void CommandLineTest::readsEverything()
@@ -67,6 +87,11 @@ void CommandLineTest::rejects_data()
     row("empty file", {QStringLiteral("--screenshot=")}, QStringLiteral("--screenshot"));
     row("empty folder", {QStringLiteral("--data=")}, QStringLiteral("--data"));
     row("stray argument", {QStringLiteral("page.html")}, QStringLiteral("page.html"));
+    row("empty devices", {QStringLiteral("--without=")}, QStringLiteral("--without"));
+    row("unknown device", {QStringLiteral("--without=printer,toaster")},
+        QStringLiteral("\"toaster\""));
+    row("device in capitals", {QStringLiteral("--without=Printer")}, QStringLiteral("\"Printer\""));
+    row("missing device name", {QStringLiteral("--without=printer,")}, QStringLiteral("\"\""));
     for (const char *speed : {"fast", "0", "-1", "nan", "inf", "10001", ""}) {
         row(qPrintable(QStringLiteral("speed %1").arg(QLatin1String(speed))),
             {QStringLiteral("--speed=%1").arg(QLatin1String(speed))}, QStringLiteral("--speed"));
@@ -87,9 +112,45 @@ void CommandLineTest::helpNamesEveryOption()
 {
     QCOMPARE(parse({QStringLiteral("--help")}).outcome(), CommandLine::Outcome::ShowHelp);
     QCOMPARE(parse({QStringLiteral("-h")}).outcome(), CommandLine::Outcome::ShowHelp);
-    for (const char *option :
-         {"--page", "--scenario", "--screenshot", "--demo", "--speed", "--data", "--log", "--help"})
+    for (const char *option : {"--page", "--scenario", "--screenshot", "--demo", "--speed",
+                               "--data", "--without", "--log", "--help"})
         QVERIFY2(CommandLine::helpText().contains(QLatin1String(option)), option);
+}
+
+void CommandLineTest::takesDevicesAway_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("without");
+    const auto row = [](const QStringList &arguments, const QString &without) {
+        QTest::newRow(qPrintable(arguments.join(QLatin1Char(' ')))) << arguments << without;
+    };
+    row({QStringLiteral("--without=printer")}, QStringLiteral("P"));
+    row({QStringLiteral("--without=dispenser")}, QStringLiteral("D"));
+    row({QStringLiteral("--without=passport-scanner")}, QStringLiteral("p"));
+    row({QStringLiteral("--without=document-scanner")}, QStringLiteral("d"));
+    row({QStringLiteral("--without=keyboard")}, QStringLiteral("k"));
+    row({QStringLiteral("--without=users")}, QStringLiteral("u"));
+    row({QStringLiteral("--without"), QStringLiteral("users, printer,users")},
+        QStringLiteral("Pu"));
+    row({QStringLiteral("--without=users"), QStringLiteral("--without=keyboard")},
+        QStringLiteral("ku"));
+}
+
+void CommandLineTest::takesDevicesAway()
+{
+    QFETCH(QStringList, arguments);
+    const CommandLine line = parse(arguments);
+    QCOMPARE(line.outcome(), CommandLine::Outcome::Run);
+    QTEST(missing(line), "without");
+}
+
+void CommandLineTest::namesTheDevicesThatItKnows()
+{
+    const CommandLine line = parse({QStringLiteral("--without=toaster")});
+    const QString names =
+        QStringLiteral("printer, dispenser, passport-scanner, document-scanner, keyboard, users");
+    QVERIFY2(line.mistake().contains(names), qPrintable(line.mistake()));
+    QVERIFY(CommandLine::helpText().simplified().contains(names));
 }
 
 QTEST_GUILESS_MAIN(CommandLineTest)

@@ -24,6 +24,8 @@ private Q_SLOTS:
     void saysWhenThePageCannotBeLoaded();
     void takesAPictureOfPageAndPanel();
     void saysWhenItsDataCannotBeKept();
+    void runsWithoutDevices();
+    void saysWhichDevicesItKnows();
     void endsOnASignal_data();
     void endsOnASignal();
 
@@ -208,6 +210,45 @@ void SimulatorProgramTest::saysWhenItsDataCannotBeKept()
     QVERIFY2(m_errors.contains(m_data), qPrintable(m_errors));
     QVERIFY(m_errors.contains(QStringLiteral("--data")));
     QVERIFY(m_errors.contains(QStringLiteral("could not be loaded")));
+}
+
+// The page asks for each device, and tells what it hears.
+void SimulatorProgramTest::runsWithoutDevices()
+{
+    QFile page(m_folder->filePath(QStringLiteral("index.html")));
+    QVERIFY(page.open(QIODevice::WriteOnly));
+    page.write(R"(<script src="qrc:///qtwebchannel/qwebchannel.js"></script>
+<script>
+new QWebChannel(qt.webChannelTransport, (channel) => {
+  const core = channel.objects._karvel_internal;
+  core.message.connect((message) => {
+    core.sendMessage({ type: 'system.log', level: 'warning', message: 'heard: ' + message.type });
+  });
+  core.sendMessage({ type: 'printer.print', data: '', ignore_not_connected: false });
+  core.sendMessage({ type: 'dispenser.dispense', ignore_not_connected: false });
+});
+</script>
+)");
+    page.close();
+    start({QStringLiteral("--page"), m_folder->path(), QStringLiteral("--without"),
+           QStringLiteral("printer,dispenser,passport-scanner,document-scanner,keyboard,users")});
+    QString errors;
+    const auto isHeard = [this, &errors] {
+        errors += QString::fromUtf8(m_program.readAllStandardError());
+        return errors.contains(QStringLiteral("heard: printer.noprinter"))
+            && errors.contains(QStringLiteral("heard: dispenser.nodispenser"));
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(isHeard(), m_patience);
+    m_program.terminate();
+    QCOMPARE(end(), 0);
+    QVERIFY(!QFile::exists(m_data + QStringLiteral("/users.sqlite")));
+}
+
+void SimulatorProgramTest::saysWhichDevicesItKnows()
+{
+    QCOMPARE(run({QStringLiteral("--without"), QStringLiteral("toaster")}), 2);
+    QVERIFY2(m_errors.contains(QStringLiteral("\"toaster\"")), qPrintable(m_errors));
+    QVERIFY(m_errors.contains(QStringLiteral("passport-scanner")));
 }
 
 void SimulatorProgramTest::endsOnASignal_data()

@@ -46,6 +46,8 @@ private Q_SLOTS:
     void listShowsFaceReportsWhenAsked();
     void cameraSeesInPixelsOfThePage();
     void fitsTheDesk();
+    void devicesTakeNoMoreRoomThanTheOtherTabs();
+    void somethingBlocksTheWay();
     void aPersonIsGreeted();
     void theDialogGoesOnUntilNobodyIsLeft();
     void whatIsSaidIsAnswered();
@@ -156,10 +158,10 @@ void SimulatorWindowTest::everyButtonOfThePanelWorks_data()
     row("Dialog", "Answers", 0, topics::OPERATOR_CALL_RESPONSE);
     row("Dialog", "In control", 0, topics::OPERATOR_CONTROL_STATUS);
     row("Dialog", "Starts", 0, topics::INTERACTION_STATE);
-    row("Application", "Send", 0, topics::CUSTOM_EVENT_CORE);
-    row("Application", "Ends", 0, topics::APPLICATION_FINISH);
-    row("Application", "Page hidden", 0, topics::SYSTEM_PAGE_HIDDEN);
-    row("Application", "Settings changed", 0, topics::SETTINGS_UPDATE);
+    row("App", "Send", 0, topics::CUSTOM_EVENT_CORE);
+    row("App", "Ends", 0, topics::APPLICATION_FINISH);
+    row("App", "Page hidden", 0, topics::SYSTEM_PAGE_HIDDEN);
+    row("App", "Settings changed", 0, topics::SETTINGS_UPDATE);
 }
 
 void SimulatorWindowTest::everyButtonOfThePanelWorks()
@@ -179,7 +181,7 @@ void SimulatorWindowTest::everyButtonOfThePanelWorks()
 
 void SimulatorWindowTest::sendsNoBrokenCustomEvent()
 {
-    QWidget *page = tab(QStringLiteral("Application"));
+    QWidget *page = tab(QStringLiteral("App"));
     QLineEdit *json = nullptr;
     for (QLineEdit *edit : page->findChildren<QLineEdit *>()) {
         if (edit->text().contains(QStringLiteral("offer")))
@@ -272,6 +274,28 @@ void SimulatorWindowTest::fitsTheDesk()
     const QSize least = m_window->minimumSizeHint();
     QVERIFY2(least.width() <= 1280 && least.height() <= 800,
              qPrintable(QStringLiteral("%1 x %2").arg(least.width()).arg(least.height())));
+}
+
+void SimulatorWindowTest::devicesTakeNoMoreRoomThanTheOtherTabs()
+{
+    const auto *tabs = m_window->findChild<QTabWidget *>();
+    const QWidget *devices = tab(QStringLiteral("Devices"));
+    int others = 0;
+    for (int i = 0; i < tabs->count(); ++i) {
+        if (tabs->widget(i) != devices)
+            others = qMax(others, tabs->widget(i)->sizeHint().height());
+    }
+    QVERIFY2(devices->sizeHint().height() <= others,
+             qPrintable(QStringLiteral("%1 > %2").arg(devices->sizeHint().height()).arg(others)));
+}
+
+void SimulatorWindowTest::somethingBlocksTheWay()
+{
+    m_core->drive()->driveTo(1);
+    buttons(tab(QStringLiteral("Robot")), QStringLiteral("Blocked")).constFirst()->click();
+    QCOMPARE(m_core->drive()->status(), MovementStatusBlocked);
+    QCOMPARE(m_last.value(topics::DRIVE_STATUS).value(QStringLiteral("status")).toInt(),
+             static_cast<int>(MovementStatusBlocked));
 }
 
 void SimulatorWindowTest::theDialogGoesOnUntilNobodyIsLeft()
