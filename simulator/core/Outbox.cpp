@@ -1,6 +1,5 @@
 #include "simulator/core/Outbox.h"
 
-#include <QMutexLocker>
 #include <QThread>
 
 namespace simulator {
@@ -19,7 +18,7 @@ Outbox &Outbox::instance()
 
 void Outbox::accept()
 {
-    QMutexLocker lock(&m_mutex);
+    std::unique_lock<std::mutex> lock(m_mutex);
     m_refusing = false;
     lock.unlock();
     Q_EMIT answerChanged();
@@ -27,7 +26,7 @@ void Outbox::accept()
 
 void Outbox::refuse(int code, const QString &text)
 {
-    QMutexLocker lock(&m_mutex);
+    std::unique_lock<std::mutex> lock(m_mutex);
     m_refusing = true;
     m_refusalCode = code;
     m_refusalText = text;
@@ -37,7 +36,7 @@ void Outbox::refuse(int code, const QString &text)
 
 bool Outbox::isRefusing(int &code, QString &text) const
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     if (m_refusing) {
         code = m_refusalCode;
         text = m_refusalText;
@@ -47,12 +46,12 @@ bool Outbox::isRefusing(int &code, QString &text) const
 
 bool Outbox::take(const Mail &mail, int &code, QString &text)
 {
-    QMutexLocker lock(&m_mutex);
+    std::unique_lock<std::mutex> lock(m_mutex);
     const int transferTime = m_pace.milliseconds(m_transferTime);
     lock.unlock();
     QThread::msleep(static_cast<unsigned long>(transferTime));
 
-    lock.relock();
+    lock.lock();
     if (m_refusing) {
         code = m_refusalCode;
         text = m_refusalText;
@@ -70,13 +69,13 @@ bool Outbox::take(const Mail &mail, int &code, QString &text)
 
 QList<Mail> Outbox::mails() const
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     return m_mails;
 }
 
 void Outbox::clear()
 {
-    QMutexLocker lock(&m_mutex);
+    std::unique_lock<std::mutex> lock(m_mutex);
     m_mails.clear();
     lock.unlock();
     Q_EMIT cleared();
@@ -84,13 +83,13 @@ void Outbox::clear()
 
 void Outbox::setPace(const Pace &pace)
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     m_pace = pace;
 }
 
 void Outbox::setTransferTime(int milliseconds)
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     m_transferTime = milliseconds;
 }
 
