@@ -81,6 +81,7 @@ private Q_SLOTS:
     void sendSurvivesTheBus();
     void waitingSendSurvivesTheHandler();
     void handlerMayGoFromItsReply();
+    void staysSilentOnceCleared();
     void replyMayAskAgain();
     void cancelledSendLeavesNothing();
     void eachSendReportsOnce();
@@ -205,6 +206,21 @@ void MailSenderLifetimeTest::handlerMayGoFromItsReply()
     QCOMPARE(server().livingSenders(), 1); // still inside send
     server().letPass(ann);
     QTRY_COMPARE(server().livingSenders(), 0);
+}
+
+void MailSenderLifetimeTest::staysSilentOnceCleared()
+{
+    send(ann);
+    QThreadPool::globalInstance()->waitForDone(); // the answer waits for the event loop
+    const QString host = QStringLiteral("cookie.set");
+    brocker()->subscribe(host, [this](const Message &) {
+        brocker()->clear(); // in a delivery the handler lives on, beside its successor
+        create();
+    });
+    brocker()->publish(Message(host));
+    turnEventLoop();
+    QCOMPARE(server().returned(), 1);
+    QVERIFY(replies().isEmpty());
 }
 
 void MailSenderLifetimeTest::replyMayAskAgain()

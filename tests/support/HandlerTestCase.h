@@ -56,6 +56,7 @@ protected:
 
     void setUp() override
     {
+        m_replies.clear(); // what a test left that failed
         m_plugin = std::make_unique<TestPlugin>();
         m_brocker = std::make_unique<panorel::PanorelQueueBrocker>();
     }
