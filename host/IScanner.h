@@ -15,8 +15,8 @@ public:
     explicit IScanner(QObject *parent = nullptr);
     ~IScanner() override;
 
-    /// Starts a scan that gives up after @p timeout seconds. Returns whether it started; the
-    /// result comes with signalFinish.
+    /// Starts a scan that gives up after @p timeout seconds, which the page chooses: it may be zero,
+    /// negative or not finite. Returns whether it started; the result comes with signalFinish.
     virtual bool scan(const double &timeout) = 0;
 
     /// Colour mode of the next scan, in the scanner's own numbering.

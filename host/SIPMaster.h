@@ -8,7 +8,8 @@
 #include <QUuid>
 
 /// The robot core's telephone. The host library holds only its meta-object; the robot core
-/// defines the constructor, the destructor and every operation. Lives on the GUI thread.
+/// defines the constructor, the destructor and every operation. Lives on the GUI thread. Deleted with
+/// the handler that made it, so a slot of the core's own must not have the handlers built anew.
 class PANOREL_HOST_EXPORT SIPMaster : public QObject
 {
     Q_OBJECT
