@@ -33,7 +33,7 @@ void GetReplicHandler::handle(Message message)
         replica =
             m_context->getAppReplic(step->toString(), category, useGeneral, useBiometry, face);
     } else if (type != attributes.constEnd()) {
-        replica = m_context->getReplic(static_cast<Replica::Type>(type->toInt()), category,
+        replica = m_context->getReplic(static_cast<Replica::Type>(toInt32(*type)), category,
                                        useGeneral, useBiometry, face);
     }
     if (!replica) {

@@ -1,5 +1,6 @@
 #include "panorel/handlers/PlayExternalHandler.h"
 
+#include "panorel/Attributes.h"
 #include "panorel/Constants.h"
 #include "panorel/Logging.h"
 #include "panorel/MessageQueueBrocker.h"
@@ -45,7 +46,7 @@ void PlayExternalHandler::play(const QVariantMap &attributes)
 {
     const QUrl url(attributes.value(QStringLiteral("url")).toString(), QUrl::TolerantMode);
     m_player->setMedia(QMediaContent(url));
-    m_player->setVolume(attributes.value(QStringLiteral("volume"), defaultVolume).toInt());
+    m_player->setVolume(toInt32(attributes.value(QStringLiteral("volume"), defaultVolume)));
     m_player->play();
 }
 

@@ -1,5 +1,6 @@
 #include "panorel/handlers/SoundEventHandler.h"
 
+#include "panorel/Attributes.h"
 #include "panorel/Constants.h"
 #include "panorel/Logging.h"
 #include "panorel/MessageQueueBrocker.h"
@@ -25,12 +26,12 @@ void SoundEventHandler::handle(Message message)
         sound.insert(QStringLiteral("volume"), karvel::getSoundVolume());
     const auto volume = attributes.constFind(QStringLiteral("set_volume"));
     if (volume != attributes.constEnd())
-        karvel::setSoundVolume(volume->toInt());
+        karvel::setSoundVolume(toInt32(*volume));
     if (attributes.contains(QStringLiteral("get_mic")))
         sound.insert(QStringLiteral("mic"), karvel::getMicVolume());
     const auto microphone = attributes.constFind(QStringLiteral("set_mic"));
     if (microphone != attributes.constEnd())
-        karvel::setMicVolume(microphone->toInt());
+        karvel::setMicVolume(toInt32(*microphone));
 
     if (sound.isEmpty())
         return; // nothing was asked

@@ -62,7 +62,7 @@ bool UserDatabaseHandler::addUser(const QVariantMap &person) const
     face.setType(personType);
     face.setId(toInt64(person.value(QStringLiteral("id"))));
     face.setAge(person.value(QStringLiteral("age")).toDouble());
-    face.setGender(static_cast<Gender>(person.value(QStringLiteral("gender")).toInt()));
+    face.setGender(static_cast<Gender>(toInt32(person.value(QStringLiteral("gender")))));
 
     UserData user;
     user.setInfo(face);
