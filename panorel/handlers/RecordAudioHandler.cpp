@@ -20,13 +20,13 @@ namespace {
 
 constexpr int defaultSeconds = 20;
 
-// In 64 bits, for the page may name any number of seconds.
-int milliseconds(long long seconds)
+// The page may name any number of seconds; a timer holds some 24 days.
+int milliseconds(const QVariant &seconds)
 {
     constexpr int most = std::numeric_limits<int>::max();
-    if (seconds > most / 1000)
+    if (seconds.toDouble() > most / 1000)
         return most;
-    return static_cast<int>(qMax(0LL, seconds) * 1000);
+    return static_cast<int>(qMax(0LL, toInt64(seconds)) * 1000);
 }
 
 QAudioEncoderSettings encoderSettings()
@@ -56,6 +56,7 @@ RecordAudioHandler::RecordAudioHandler(MessageQueueBrocker *brocker)
     m_recorder->setEncodingSettings(encoderSettings());
     m_recorder->setOutputLocation(QUrl::fromLocalFile(m_file));
     m_timer->setSingleShot(true);
+    connect(m_recorder, &QMediaRecorder::statusChanged, this, &RecordAudioHandler::record);
     connect(m_timer, &QTimer::timeout, this, &RecordAudioHandler::sendRecordInfo);
 }
 
@@ -76,15 +77,26 @@ void RecordAudioHandler::handle(Message message)
 
 void RecordAudioHandler::start(const QVariantMap &attributes)
 {
+    m_recorder->stop(); // what runs ends in its own file
     m_file = newFile();
+    m_isWaiting = true;
+    record();
+    m_timer->start(milliseconds(attributes.value(QStringLiteral("timeout"), defaultSeconds)));
+}
+
+// The recorder writes to the file before until that is closed, wherever its output location points.
+void RecordAudioHandler::record()
+{
+    if (!m_isWaiting || isRetired() || m_recorder->status() == QMediaRecorder::FinalizingStatus)
+        return;
+    m_isWaiting = false;
     m_recorder->setOutputLocation(QUrl::fromLocalFile(m_file));
     m_recorder->record();
-    m_timer->start(
-        milliseconds(toInt64(attributes.value(QStringLiteral("timeout"), defaultSeconds))));
 }
 
 void RecordAudioHandler::sendRecordInfo()
 {
+    m_isWaiting = false;
     m_recorder->stop();
     if (isRetired())
         return; // the page records through the successor

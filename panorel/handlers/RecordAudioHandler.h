@@ -27,20 +27,22 @@ public:
     /// "record.audio.request".
     QString topic() const;
 
-    /// "start": starts a recording, which ends after "timeout" seconds (integer; default 20). A
-    /// recording that runs already is continued under the new path and time.
+    /// "start": starts a recording, which ends after "timeout" seconds (integer; default 20). One
+    /// that runs already ends without an answer of its own.
     /// Then "stop": ends it now, also when none runs.
     ///
     /// Each end is answered by "record.audio.response" with "file": the path of the recording
-    /// started last, empty before the first.
+    /// started last, empty before the first. The file is closed a moment later.
     void handle(Message message) override;
 
 private:
     void start(const QVariantMap &attributes);
+    void record();
     void sendRecordInfo();
 
     MessageQueueBrocker *m_brocker;
     QString m_file;
+    bool m_isWaiting = false; // for the file before to be closed
     QAudioRecorder *m_recorder;
     QTimer *m_timer;
 };

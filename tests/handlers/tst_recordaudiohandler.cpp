@@ -8,6 +8,7 @@
 #include <QMediaPlayer>
 #include <QPointer>
 #include <QRegularExpression>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -74,6 +75,20 @@ private:
         return reply.attributes().value(QStringLiteral("file")).toString();
     }
 
+    /// Waits until the running recording holds so much sound.
+    void waitForSound(int milliseconds)
+    {
+        QTRY_COMPARE_WITH_TIMEOUT(m_recorder->status(), QMediaRecorder::RecordingStatus, timeoutMs);
+        const qint64 begin = m_recorder->duration();
+        QTRY_VERIFY_WITH_TIMEOUT(m_recorder->duration() > begin + milliseconds, timeoutMs);
+    }
+    void compareHasSound(const QString &file)
+    {
+        QTRY_COMPARE_WITH_TIMEOUT(m_recorder->status(), QMediaRecorder::LoadedStatus, timeoutMs);
+        const int samples = readSoundFile(file).size();
+        QVERIFY2(samples > soundSampleRate / 4, qPrintable(file + QString::number(samples)));
+    }
+
     QPointer<QAudioRecorder> m_recorder;
     QPointer<QTimer> m_timer;
     QStringList m_files;
@@ -91,6 +106,11 @@ private Q_SLOTS:
     void repliesAgainWithTheLastFile();
     void namesTheFileByTheTime();
     void startsAnewWhileRecording();
+    void startsAgainAtOnceAfterAStop();
+    void forgetsAStartThatWaits_data();
+    void forgetsAStartThatWaits();
+    void hasStoppedWhenItReplies();
+    void repliesWhenNothingCouldBeRecorded();
     void doesNothingWithoutACommand();
     void recordsWhatIsPlayed();
     void endsWithTheHandler();
@@ -147,7 +167,11 @@ void RecordAudioHandlerTest::readsTheTimeout_data()
     QTest::newRow("just too large") << QByteArray("2147484") << mostMs;
     QTest::newRow("beyond 32 bits") << QByteArray("4294967297") << mostMs;
     QTest::newRow("beyond 53 bits") << QByteArray("9e18") << mostMs;
+    QTest::newRow("beyond 64 bits") << QByteArray("1e19") << mostMs;
+    QTest::newRow("far beyond") << QByteArray("1e300") << mostMs;
+    QTest::newRow("text of many digits") << QByteArray("\"99999999999999999999\"") << mostMs;
     QTest::newRow("far below") << QByteArray("-9e18") << 0;
+    QTest::newRow("below 64 bits") << QByteArray("-1e300") << 0;
 }
 
 void RecordAudioHandlerTest::readsTheTimeout()
@@ -223,15 +247,86 @@ void RecordAudioHandlerTest::namesTheFileByTheTime()
 
 void RecordAudioHandlerTest::startsAnewWhileRecording()
 {
-    ask(R"({"start": true, "timeout": 1})");
+    ask(R"({"start": true, "timeout": 4})");
+    waitForSound(500);
     const QString first = m_recorder->outputLocation().toLocalFile();
-    QTest::qWait(2); // so that the names differ
     ask(R"({"start": true, "timeout": 60})");
     QCOMPARE(m_timer->interval(), 60000);
-    QTest::qWait(1200);
+    QTRY_VERIFY_WITH_TIMEOUT(m_recorder->outputLocation().toLocalFile() != first, timeoutMs);
+    rememberFile();
+    QTest::qWait(4200);
     QVERIFY(replies().isEmpty()); // the first one gets no reply of its own
     ask(R"({"stop": true})");
-    QVERIFY(takeFile() != first);
+    const QString second = takeFile();
+    QVERIFY(second != first);
+    compareHasSound(first);
+    compareHasSound(second);
+}
+
+void RecordAudioHandlerTest::startsAgainAtOnceAfterAStop()
+{
+    // The first file is not closed yet.
+    ask(R"({"start": true})");
+    waitForSound(500);
+    ask(R"({"stop": true})");
+    const QString first = takeFile();
+    ask(R"({"start": true, "timeout": 60})");
+    QTRY_VERIFY_WITH_TIMEOUT(m_recorder->outputLocation().toLocalFile() != first, timeoutMs);
+    rememberFile();
+    waitForSound(500);
+    ask(R"({"stop": true})");
+    const QString second = takeFile();
+    compareHasSound(first);
+    compareHasSound(second);
+}
+
+void RecordAudioHandlerTest::forgetsAStartThatWaits_data()
+{
+    QTest::addColumn<QByteArray>("end");
+    QTest::newRow("stop") << QByteArray(R"({"stop": true})");
+    QTest::newRow("time") << QByteArray(R"({"start": true, "timeout": 0})");
+}
+
+void RecordAudioHandlerTest::forgetsAStartThatWaits()
+{
+    QFETCH(QByteArray, end);
+    ask(R"({"start": true})");
+    waitForSound(500);
+    ask(R"({"stop": true})");
+    takeFile();
+    ask(R"({"start": true})");
+    ask(end);
+    QTRY_COMPARE_WITH_TIMEOUT(replies().count(), 1, timeoutMs);
+    log().skipDebug();
+    const QString second = takeFile();
+    QTRY_VERIFY_WITH_TIMEOUT(m_recorder->status() != QMediaRecorder::FinalizingStatus, timeoutMs);
+    turnEventLoop();
+    QCOMPARE(m_recorder->state(), QMediaRecorder::StoppedState);
+    QVERIFY(!QFile::exists(second));
+}
+
+void RecordAudioHandlerTest::hasStoppedWhenItReplies()
+{
+    QMediaRecorder::State state = QMediaRecorder::RecordingState;
+    brocker()->subscribe(response,
+                         [this, &state](const Message &) { state = m_recorder->state(); });
+    log().skipDebug();
+    ask(R"({"start": true})");
+    ask(R"({"stop": true})");
+    takeFile();
+    QCOMPARE(state, QMediaRecorder::StoppedState);
+}
+
+void RecordAudioHandlerTest::repliesWhenNothingCouldBeRecorded()
+{
+    m_recorder->setAudioInput(QStringLiteral("alsa:no-such-microphone"));
+    QSignalSpy errors(m_recorder.data(),
+                      QOverload<QMediaRecorder::Error>::of(&QMediaRecorder::error));
+    ask(R"({"start": true, "timeout": 1})");
+    QTRY_COMPARE_WITH_TIMEOUT(replies().count(), 1, timeoutMs);
+    const QString file = takeFile();
+    QVERIFY2(file.startsWith(QLatin1String("/tmp/record_")), qPrintable(file));
+    QVERIFY(!errors.isEmpty());
 }
 
 void RecordAudioHandlerTest::doesNothingWithoutACommand()
