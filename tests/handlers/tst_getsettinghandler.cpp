@@ -161,7 +161,7 @@ void GetSettingHandlerTest::givesAGroup()
     const QString group = QStringLiteral("g");
     const QVariantMap three{{QStringLiteral("a"), 1},
                             {QStringLiteral("b"), QStringLiteral("two")},
-                            {QStringLiteral("c"), true}};
+                            {QStringLiteral("c"), QVariant()}}; // there, if without a value
     (type == "system" ? plugin()->sysGroups : plugin()->appGroups).insert(group, three);
 
     const QVariantMap settings =

@@ -87,6 +87,7 @@ private Q_SLOTS:
     void playsNothingFromAnEmptyAddress();
     void registersThePlayersTypes();
     void tellsNothingOfAPause();
+    void mayBeClearedFromItsOwnSignal_data();
     void mayBeClearedFromItsOwnSignal();
     void mayBeClearedWhilePlaying();
     void staysSilentOnceCleared();
@@ -277,17 +278,30 @@ void PlayExternalHandlerTest::tellsNothingOfAPause()
     compareStatuses({"StoppedState"});
 }
 
+void PlayExternalHandlerTest::mayBeClearedFromItsOwnSignal_data()
+{
+    QTest::addColumn<QString>("status");
+    // The first comes during the request, the others from the event loop.
+    for (const char *status : {"PlayingState", "EndOfMedia", "StoppedState", "error"})
+        QTest::newRow(status) << QString::fromLatin1(status);
+}
+
 void PlayExternalHandlerTest::mayBeClearedFromItsOwnSignal()
 {
+    QFETCH(QString, status);
     const QPointer<QMediaPlayer> player = m_player;
-    int statuses = 0;
-    brocker()->subscribe(statusTopic, [this, &statuses](const Message &) {
-        ++statuses;
+    bool cleared = false;
+    brocker()->subscribe(statusTopic, [this, &status, &cleared](const Message &message) {
+        if (message.attributes().value(QStringLiteral("status")) != status)
+            return;
+        QVERIFY(!cleared); // silent from here on
+        cleared = true;
         brocker()->clear();
     });
     log().skipDebug();
-    play(soundFile("short.wav", 300));
-    QTRY_COMPARE_WITH_TIMEOUT(statuses, 1, timeoutMs);
+    play(status == QLatin1String("error") ? m_folder.filePath(QStringLiteral("missing.wav"))
+                                          : soundFile("short.wav", 300));
+    QTRY_VERIFY_WITH_TIMEOUT(cleared, timeoutMs);
     turnEventLoop();
     QVERIFY(!player);
     replies().clear();

@@ -101,6 +101,7 @@ private Q_SLOTS:
     void doesAllInOrder();
     void doesNothingWithoutACommand();
     void writesTheParameters();
+    void writesTheParametersBeforeTheCall();
     void tellsEvents_data();
     void tellsEvents();
     void registersTheCallState();
@@ -275,6 +276,23 @@ void SIPControlHandlerTest::doesNothingWithoutACommand()
     ask("{}");
     // Labels of the log, no commands.
     ask(R"({"call_start_map": {"number": "1"}, "play_file_map": {}, "play_text_map": {}})");
+}
+
+void SIPControlHandlerTest::writesTheParametersBeforeTheCall()
+{
+    QStringList linesAtCall;
+    telephone().duringCall = [this, &linesAtCall] {
+        linesAtCall.append(log().takeTexts(QStringLiteral("default")).join(QLatin1Char('\n')));
+    };
+    ask(R"({"call_start": {"number": "1"}, "play_file": {"number": "2", "file": "b"},
+            "play_text": {"number": "3", "text": "c"}, "call_stop": 1})");
+    QCOMPARE(linesAtCall.size(), 4);
+    QVERIFY(linesAtCall.at(0).startsWith(QLatin1String("call_start_map ")));
+    QVERIFY(linesAtCall.at(1).startsWith(QLatin1String("play_file_map ")));
+    QVERIFY(linesAtCall.at(2).startsWith(QLatin1String("play_text_map ")));
+    QCOMPARE(linesAtCall.at(3), QString());
+    takeTelephoneCalls();
+    replies().clear();
 }
 
 void SIPControlHandlerTest::writesTheParameters()
