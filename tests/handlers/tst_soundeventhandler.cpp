@@ -99,6 +99,12 @@ void SoundEventHandlerTest::readsNumbersByConversion_data()
     // The scale is the mixer's, so nothing is held back here.
     QTest::newRow("negative") << QByteArray("-5") << -5;
     QTest::newRow("large") << QByteArray("70000") << 70000;
+    // Beyond 32 bits the lowest ones count; beyond 64 nothing does.
+    QTest::newRow("33 bits") << QByteArray("4294967301") << 5;
+    QTest::newRow("2^63") << QByteArray("9223372036854775808") << 0;
+    QTest::newRow("far beyond") << QByteArray("1e300") << 0;
+    QTest::newRow("far below") << QByteArray("-1e300") << 0;
+    QTest::newRow("text beyond 32 bits") << QByteArray("\"4294967301\"") << 0;
 }
 
 void SoundEventHandlerTest::readsNumbersByConversion()
