@@ -40,13 +40,7 @@ long long toInt64(const QVariant &value)
     return number == std::floor(number) ? static_cast<long long>(number) : value.toLongLong();
 }
 
-int toInt32(const QVariant &value)
-{
-    if (value.userType() != QMetaType::Double)
-        return value.toInt();
-    // Not through the variant, which may cast a number to an integer that cannot hold it.
-    return static_cast<int>(toInt64(value));
-}
+int toInt32(const QVariant &value) { return static_cast<int>(toInt64(value)); }
 
 long long toInt64(const QJsonValue &value)
 {

@@ -20,7 +20,7 @@ QJsonObject objectAttribute(const QVariantMap &attributes, const QString &key);
 /// fraction is rounded; a number that 64 bits cannot hold, and what is no number, gives 0.
 long long toInt64(const QVariant &value);
 
-/// The lowest 32 bits of such an integer; a text counts only within 32 bits.
+/// The lowest 32 bits of such an integer.
 int toInt32(const QVariant &value);
 
 /// A 64-bit integer inside a map attribute: 0 unless it is a JSON number, integral and in range.

@@ -5,5 +5,7 @@ namespace paths {
 
 QString statisticDirectory() { return QStringLiteral(PANOREL_ROBOT_HOME "/.karvel/statistic/"); }
 
+QString printPicture() { return QStringLiteral(PANOREL_ROBOT_HOME "/talonchik.png"); }
+
 } // namespace paths
 } // namespace panorel

@@ -12,5 +12,8 @@ namespace paths {
 /// Root of the statistics files, with a separator at its end.
 PANOREL_EXPORT QString statisticDirectory();
 
+/// The picture that is printed; each print request writes it anew.
+PANOREL_EXPORT QString printPicture();
+
 } // namespace paths
 } // namespace panorel

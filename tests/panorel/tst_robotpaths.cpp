@@ -14,6 +14,7 @@ void RobotPathsTest::liesBelowTheRobotsHome()
 {
     QCOMPARE(panorel::paths::statisticDirectory(),
              QStringLiteral(PANOREL_ROBOT_HOME "/.karvel/statistic/"));
+    QCOMPARE(panorel::paths::printPicture(), QStringLiteral(PANOREL_ROBOT_HOME "/talonchik.png"));
 }
 
 QTEST_GUILESS_MAIN(RobotPathsTest)
