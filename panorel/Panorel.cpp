@@ -7,15 +7,29 @@
 #include "panorel/ReplicContext.h"
 #include "panorel/RobotPaths.h"
 #include "panorel/handlers/AbortRobotReplicHandler.h"
+#include "panorel/handlers/DispenserHandler.h"
+#include "panorel/handlers/DocumentScannerHandler.h"
+#include "panorel/handlers/DriveControlHandler.h"
 #include "panorel/handlers/FaceRecognizeControlHandler.h"
 #include "panorel/handlers/GeneralTouchHandler.h"
+#include "panorel/handlers/GetEnvironmentHandler.h"
 #include "panorel/handlers/GetReplicHandler.h"
+#include "panorel/handlers/GetSettingHandler.h"
 #include "panorel/handlers/InteractionHandler.h"
+#include "panorel/handlers/KeyboardControlHandler.h"
 #include "panorel/handlers/LanguageHandler.h"
 #include "panorel/handlers/LogEventHandler.h"
+#include "panorel/handlers/MailSenderHandler.h"
 #include "panorel/handlers/OperatorCallHandler.h"
+#include "panorel/handlers/PassportScannerHandler.h"
+#include "panorel/handlers/PlayExternalHandler.h"
+#include "panorel/handlers/PrintHandler.h"
+#include "panorel/handlers/PrintStateHandler.h"
+#include "panorel/handlers/RecordAudioHandler.h"
 #include "panorel/handlers/ReplicEventHandler.h"
+#include "panorel/handlers/SIPControlHandler.h"
 #include "panorel/handlers/ScriptControlHandler.h"
+#include "panorel/handlers/SoundEventHandler.h"
 #include "panorel/handlers/StatisticEventHandler.h"
 #include "panorel/handlers/UserDatabaseHandler.h"
 
@@ -83,16 +97,30 @@ void Panorel::defaultHandlers(PluginInterface *plugin, KarvelDialogModule *dialo
     const auto add = [this](auto *handler) { registerEventHandler(handler->topic(), handler); };
     add(new ReplicEventHandler(d->context, plugin, dialog));
     add(new GetReplicHandler(d->context, d->brocker));
+    add(new PrintStateHandler(plugin, d->brocker));
+    add(new PrintHandler(plugin, d->brocker));
     add(new LogEventHandler);
     add(createStatisticEventHandler(d->statisticPeriodicity));
     add(new AbortRobotReplicHandler(d->context, plugin));
     add(new InteractionHandler(plugin, d->brocker));
+    add(new GetEnvironmentHandler(d->brocker));
+    add(new GetSettingHandler(plugin, d->brocker));
+    add(new DriveControlHandler(plugin));
     add(new ScriptControlHandler(plugin, d->brocker));
+    add(new SoundEventHandler(d->brocker));
     add(new LanguageHandler(plugin));
+    add(new PlayExternalHandler(d->brocker));
     add(new FaceRecognizeControlHandler(plugin));
     add(new GeneralTouchHandler(plugin, d->brocker));
     add(new UserDatabaseHandler(plugin, d->brocker));
+    add(new DispenserHandler(plugin, d->brocker));
+    add(new SIPControlHandler(d->brocker));
+    add(new PassportScannerHandler(plugin, d->brocker));
+    add(new DocumentScannerHandler(plugin, d->brocker));
+    add(new RecordAudioHandler(d->brocker));
+    add(new MailSenderHandler(plugin, d->brocker));
     add(new OperatorCallHandler(plugin));
+    add(new KeyboardControlHandler(plugin, d->brocker));
 
     // Last and subscribed by itself: on each topic of the page it runs after every other handler.
     new PanorelMessageHandler(d->proxy);

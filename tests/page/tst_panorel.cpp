@@ -9,6 +9,7 @@
 #include "tests/page/WidgetTestCase.h"
 #include "tests/support/CountedHandler.h"
 #include "tests/support/MessageRecorder.h"
+#include "tests/support/PictureFile.h"
 #include "tests/support/Topics.h"
 
 #include "host/FaceRect.h"
@@ -34,16 +35,30 @@ namespace {
 const QStringList registry{
     QStringLiteral("dialog.say"),
     QStringLiteral("dialog.replica.get"),
+    QStringLiteral("printer.state"),
+    QStringLiteral("printer.print"),
     QStringLiteral("system.log"),
     QStringLiteral("system.statistic"),
     QStringLiteral("dialog.robot.replic.abort"),
     QStringLiteral("system.interaction.control"),
+    QStringLiteral("system.environment.get"),
+    QStringLiteral("system.settings.get"),
+    QStringLiteral("system.drive.control"),
     QStringLiteral("system.scripts.control"),
+    QStringLiteral("system.sound.properties"),
     QStringLiteral("system.language.set"),
+    QStringLiteral("system.play.external"),
     QStringLiteral("face.recognize.control"),
     QStringLiteral("system.general.touch"),
     QStringLiteral("database.user.request"),
+    QStringLiteral("dispenser.dispense"),
+    QStringLiteral("sip.control"),
+    QStringLiteral("scanner.passport.request"),
+    QStringLiteral("scanner.document.request"),
+    QStringLiteral("record.audio.request"),
+    QStringLiteral("mail.sender.request"),
     QStringLiteral("operator.call.request"),
+    QStringLiteral("keyboard.control.request"),
 };
 
 QString defaultLine(const QString &topic)
@@ -58,8 +73,21 @@ QStringList linesOfDefaultHandlers()
     QStringList lines{QStringLiteral("ReplicContext.clear()"),
                       QStringLiteral("Subsctribe functional handler \"%1\"").arg(question),
                       defaultLine(question)};
-    for (const QString &topic : registry + forwardedTopics())
+    for (const QString &topic : registry + forwardedTopics()) {
+        if (topic == QLatin1String("record.audio.request"))
+            lines.append(QStringLiteral("FORMATS"));
         lines.append(defaultLine(topic));
+    }
+    return lines;
+}
+
+/// The library's lines since the last call, without the codecs that this machine has.
+QStringList takeLines(LogRecorder &log)
+{
+    QStringList lines = log.takeTexts(QStringLiteral("panorel"));
+    for (QString &line : lines)
+        if (line.startsWith(QLatin1String("FORMATS (")))
+            line = QStringLiteral("FORMATS");
     return lines;
 }
 
@@ -204,7 +232,7 @@ void PanorelTest::buildsTheRegistryInOrder()
 {
     log().take();
     defaultHandlers();
-    QCOMPARE(log().takeTexts(QStringLiteral("panorel")), linesOfDefaultHandlers());
+    QCOMPARE(takeLines(log()), linesOfDefaultHandlers());
 }
 
 void PanorelTest::rebuildsTheRegistry()
@@ -212,7 +240,7 @@ void PanorelTest::rebuildsTheRegistry()
     defaultHandlers();
     log().take();
     defaultHandlers();
-    QCOMPARE(log().takeTexts(QStringLiteral("panorel")),
+    QCOMPARE(takeLines(log()),
              QStringList({QStringLiteral("Delete handlers")}) + linesOfDefaultHandlers());
 }
 
@@ -340,20 +368,32 @@ void PanorelTest::survivesAQuestionAfterItsEnd()
 
 void PanorelTest::survivesTheWholeLifeWithoutAHost()
 {
+    const PictureFile picture; // one is printed
     screen->defaultHandlers(nullptr, nullptr);
     QSignalSpy toPage(proxy(), &PanorelProxy::message);
     for (const QString &topic : topicsKeptInside()) {
         proxy()->sendMessage({{QStringLiteral("type"), topic},
                               {QStringLiteral("state"), QStringLiteral("Start")},
-                              {QStringLiteral("start"), QStringLiteral("x")},
                               {QStringLiteral("stop"), true},
                               {QStringLiteral("language"), QStringLiteral("en")},
-                              {QStringLiteral("call"), true}});
+                              {QStringLiteral("call"), true},
+                              {QStringLiteral("get_locale"), true},
+                              {QStringLiteral("drive_point"), 1}});
     }
-    // Only the user database answers every request.
-    QCOMPARE(toPage.count(), 1);
-    QCOMPARE(toPage.takeFirst().first().toJsonObject().value(QStringLiteral("type")).toString(),
-             QStringLiteral("database.user.response"));
+    // What can be answered without a robot is.
+    QStringList answers;
+    for (const QVariantList &arguments : qAsConst(toPage))
+        answers.append(arguments.first().toJsonObject().value(QStringLiteral("type")).toString());
+    answers.sort();
+    QCOMPARE(
+        answers,
+        QStringList(
+            {QStringLiteral("database.user.response"), QStringLiteral("dispenser.nodispenser"),
+             QStringLiteral("printer.noprinter"), QStringLiteral("printer.state.info"),
+             QStringLiteral("record.audio.response"), QStringLiteral("scanner.document.response"),
+             QStringLiteral("scanner.passport.response"), QStringLiteral("system.environment.load"),
+             QStringLiteral("system.settings.load")}));
+    toPage.clear();
     screen->robotReplicFinish();
     QCOMPARE(toPage.count(), 1);
     screen->defaultHandlers(nullptr, nullptr);

@@ -17,15 +17,29 @@
 #include "panorel/ReplicContext.h"
 #include "panorel/RobotPaths.h"
 #include "panorel/handlers/AbortRobotReplicHandler.h"
+#include "panorel/handlers/DispenserHandler.h"
+#include "panorel/handlers/DocumentScannerHandler.h"
+#include "panorel/handlers/DriveControlHandler.h"
 #include "panorel/handlers/FaceRecognizeControlHandler.h"
 #include "panorel/handlers/GeneralTouchHandler.h"
+#include "panorel/handlers/GetEnvironmentHandler.h"
 #include "panorel/handlers/GetReplicHandler.h"
+#include "panorel/handlers/GetSettingHandler.h"
 #include "panorel/handlers/InteractionHandler.h"
+#include "panorel/handlers/KeyboardControlHandler.h"
 #include "panorel/handlers/LanguageHandler.h"
 #include "panorel/handlers/LogEventHandler.h"
+#include "panorel/handlers/MailSenderHandler.h"
 #include "panorel/handlers/OperatorCallHandler.h"
+#include "panorel/handlers/PassportScannerHandler.h"
+#include "panorel/handlers/PlayExternalHandler.h"
+#include "panorel/handlers/PrintHandler.h"
+#include "panorel/handlers/PrintStateHandler.h"
+#include "panorel/handlers/RecordAudioHandler.h"
 #include "panorel/handlers/ReplicEventHandler.h"
+#include "panorel/handlers/SIPControlHandler.h"
 #include "panorel/handlers/ScriptControlHandler.h"
+#include "panorel/handlers/SoundEventHandler.h"
 #include "panorel/handlers/StatisticEventHandler.h"
 #include "panorel/handlers/UserDatabaseHandler.h"
 
@@ -73,15 +87,29 @@ void checkHandlers()
     const PanorelQuestionHandler question(&bus);
     const auto add = [&bus](auto *handler) { bus.subscribe(handler->topic(), handler); };
     add(new AbortRobotReplicHandler(&context, nullptr));
+    add(new DispenserHandler(nullptr, &bus));
+    add(new DocumentScannerHandler(nullptr, &bus));
+    add(new DriveControlHandler(nullptr));
     add(new FaceRecognizeControlHandler(nullptr));
     add(new GeneralTouchHandler(nullptr, &bus));
+    add(new GetEnvironmentHandler(&bus));
     add(new GetReplicHandler(&context, &bus));
+    add(new GetSettingHandler(nullptr, &bus));
     add(new InteractionHandler(nullptr, &bus));
+    add(new KeyboardControlHandler(nullptr, &bus));
     add(new LanguageHandler(nullptr));
     add(new LogEventHandler);
+    add(new MailSenderHandler(nullptr, &bus));
     add(new OperatorCallHandler(nullptr));
+    add(new PassportScannerHandler(nullptr, &bus));
+    add(new PlayExternalHandler(&bus));
+    add(new PrintHandler(nullptr, &bus));
+    add(new PrintStateHandler(nullptr, &bus));
+    add(new RecordAudioHandler(&bus));
     add(new ReplicEventHandler(&context, nullptr, nullptr));
+    add(new SIPControlHandler(&bus));
     add(new ScriptControlHandler(nullptr, &bus));
+    add(new SoundEventHandler(&bus));
     add(new StatisticEventHandler(QString()));
     add(new UserDatabaseHandler(nullptr, &bus));
     new PanorelMessageHandler(&proxy);
