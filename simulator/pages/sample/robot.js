@@ -33,11 +33,6 @@ window.sample = window.sample || {};
       }
     }
 
-    // The drive's numbers are the robot's own codes, so they are shown as numbers.
-    function showNumber(id, value) {
-      element(id).textContent = asText(value) || '–';
-    }
-
     function toggleDrawer(open) {
       element('messages-drawer').classList.toggle('is-open', open);
       element('messages-open').setAttribute('aria-expanded', String(open));
@@ -61,9 +56,6 @@ window.sample = window.sample || {};
         ['system.scripts.end', () => show('script-state', 'scriptEnd')],
         ['operator.call.response', ({ response }) => show('operator-state', 'operatorResponse', asText(response))],
         ['operator.control.status', onOperatorStatus],
-        ['system.drive.mode', ({ mode }) => showNumber('drive-mode', mode)],
-        ['system.drive.status', ({ status }) => showNumber('drive-status', status)],
-        ['system.drive.charge', ({ charge }) => showNumber('drive-charge', charge)],
       ],
       buttons: {
         'interaction-start': () => app.send('system.interaction.control', { state: 'Start' }),

@@ -63,7 +63,27 @@
   const talk = sample.createTalk(app);
   const people = sample.createPeople(app);
   const faces = sample.createFaces(app, people);
-  const views = { talk, faces, people, robot: sample.createRobot(app) };
+  const recorder = sample.createRecorder(app);
+  const views = {
+    talk,
+    faces,
+    people,
+    robot: sample.joinParts([sample.createRobot(app), sample.createDrive(app)]),
+    devices: sample.createGroup(element('device-tabs'), {
+      printer: sample.createPrinter(app),
+      dispenser: sample.createDispenser(app),
+      passport: sample.createPassportScanner(app),
+      document: sample.createDocumentScanner(app),
+      keyboard: sample.createKeyboard(app),
+      telephone: sample.createTelephone(app),
+      mail: sample.createMail(app, recorder),
+    }),
+    system: sample.createGroup(element('system-tabs'), {
+      sound: sample.joinParts([sample.createVolumes(app), sample.createPlayer(app, recorder), recorder]),
+      settings: sample.createSettings(app),
+      about: sample.createEnvironment(app),
+    }),
+  };
 
   const tabs = sample.createTabs(element('tabs'), (name) => {
     if (views[name].onView) {
@@ -145,7 +165,7 @@
     writeLog('info', 'The sample page is connected');
     writeStatistic('connect', touchCount);
     send('system.interaction.control', { state: 'Start' });
-    people.start();
+    Object.values(views).filter((view) => view.start).forEach((view) => view.start());
   }
 
   function onNoRobot(error) {

@@ -36,7 +36,7 @@ window.sample = window.sample || {};
       if (isChosen(tab)) {
         return;
       }
-      if (document.activeElement && document.activeElement.matches('input')) {
+      if (document.activeElement && document.activeElement.matches('input, textarea')) {
         tab.classList.add('is-calling');
       } else {
         choose(name);
