@@ -51,11 +51,7 @@ DispenserPanel::DispenserPanel(SimulatedDispenser *dispenser, QWidget *parent)
     state->setSpacing(6);
     state->addWidget(new QLabel(tr("Status")));
     state->addWidget(m_state, 1);
-    auto *grid = new QGridLayout(this);
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setHorizontalSpacing(8);
-    grid->setVerticalSpacing(4);
-    grid->setColumnStretch(1, 1);
+    QGridLayout *grid = formGrid(this);
     grid->addLayout(state, 0, 0, 1, 2);
     grid->addWidget(createSupply(), 1, 0);
     grid->addWidget(createStatusWord(), 1, 1);

@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCoreApplication>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QSpinBox>
@@ -39,6 +40,16 @@ QCheckBox *formPlug()
     auto *plug = new QCheckBox(QCoreApplication::translate("simulator::FormRow", "Plugged in"));
     plug->setChecked(true);
     return plug;
+}
+
+QGridLayout *formGrid(QWidget *panel)
+{
+    auto *grid = new QGridLayout(panel);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(6);
+    grid->setVerticalSpacing(4);
+    grid->setColumnStretch(1, 1);
+    return grid;
 }
 
 QComboBox *formChoice(const QStringList &names)

@@ -4,6 +4,7 @@
 
 class QCheckBox;
 class QComboBox;
+class QGridLayout;
 class QHBoxLayout;
 class QPushButton;
 class QSpinBox;
@@ -27,6 +28,9 @@ QSpinBox *formNumber(int least, int most);
 
 /// A box that shows whether a device is plugged in, and that a person plugs it in and out with.
 QCheckBox *formPlug();
+
+/// The grid of @p panel, without margins; its second column takes the spare width.
+QGridLayout *formGrid(QWidget *panel);
 
 /// A choice of @p names; the index of each is its value.
 QComboBox *formChoice(const QStringList &names);

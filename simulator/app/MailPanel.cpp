@@ -51,11 +51,7 @@ MailPanel::MailPanel(QWidget *parent)
     , m_mails(new QListWidget)
     , m_mail(new QPlainTextEdit)
 {
-    auto *grid = new QGridLayout(this);
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setHorizontalSpacing(6);
-    grid->setVerticalSpacing(4);
-    grid->setColumnStretch(1, 1);
+    QGridLayout *grid = formGrid(this);
     addAnswer(grid);
     addMails(grid);
 

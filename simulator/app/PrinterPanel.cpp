@@ -34,11 +34,7 @@ PrinterPanel::PrinterPanel(SimulatedPrinter *printer, QWidget *parent)
     , m_count(new QLabel)
     , m_picture(new QLabel(tr("no picture")))
 {
-    auto *grid = new QGridLayout(this);
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setHorizontalSpacing(6);
-    grid->setVerticalSpacing(4);
-    grid->setColumnStretch(1, 1);
+    QGridLayout *grid = formGrid(this);
     addState(grid);
     addPaper(grid);
     addError(grid);

@@ -37,11 +37,7 @@ ScannerPanel::ScannerPanel(SimulatedScanner *scanner, const QList<ScanSample> &s
     state->setSpacing(6);
     state->addWidget(new QLabel(tr("State")));
     state->addWidget(m_state, 1);
-    auto *grid = new QGridLayout(this);
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setHorizontalSpacing(8);
-    grid->setVerticalSpacing(4);
-    grid->setColumnStretch(1, 1);
+    QGridLayout *grid = formGrid(this);
     grid->addLayout(state, 0, 0, 1, 2);
     grid->addWidget(createDevice(), 1, 0);
     grid->addWidget(createResult(), 1, 1);

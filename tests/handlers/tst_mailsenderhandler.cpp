@@ -1,18 +1,13 @@
 #include "panorel/handlers/MailSenderHandler.h"
 
-#include "tests/support/HandlerTestCase.h"
+#include "tests/handlers/MailTestCase.h"
 #include "tests/support/PageRequest.h"
-#include "tests/support/TestMailServer.h"
-
-#include <QThread>
-#include <QThreadPool>
 
 using panorel::MailSenderHandler;
 using panorel::Message;
 
 namespace {
 
-const QString response = QStringLiteral("mail.sender.response");
 const QByteArray toAnn = R"({"email": "ann@example.com"})";
 const QByteArray toBob = R"({"email": "bob@example.com"})";
 const QString ann = QStringLiteral("ann@example.com");
@@ -20,17 +15,14 @@ const QString bob = QStringLiteral("bob@example.com");
 
 } // namespace
 
-class MailSenderHandlerTest : public HandlerTestCase
+class MailSenderHandlerTest : public MailTestCase
 {
     Q_OBJECT
 
 private:
-    TestMailServer &server() { return TestMailServer::instance(); }
-
     void setUp() override
     {
-        HandlerTestCase::setUp();
-        server().reset();
+        MailTestCase::setUp();
         plugin()->email = {{QStringLiteral("sender"), QStringLiteral("robot@example.com")},
                            {QStringLiteral("login"), QStringLiteral("robot")},
                            {QStringLiteral("password"), QStringLiteral("s3cret")},
@@ -39,21 +31,10 @@ private:
                            {QStringLiteral("sequrity"), 1}};
         create(plugin());
     }
-    void tearDown() override
-    {
-        server().setOpen(true);
-        QThreadPool::globalInstance()->waitForDone();
-        turnEventLoop(); // replies and deletions that are under way
-        HandlerTestCase::tearDown();
-        turnEventLoop();
-        QCOMPARE(server().livingSenders(), 0);
-        for (const QThread *thread : server().deletions())
-            QCOMPARE(thread, QThread::currentThread());
-    }
 
     void create(PluginInterface *host)
     {
-        watch(response);
+        watch(m_response);
         subscribe(new MailSenderHandler(host, brocker()), QStringLiteral("mail.sender.request"));
     }
     void ask(const QByteArray &json)
@@ -242,7 +223,7 @@ void MailSenderHandlerTest::answersSuccess()
     ask(toAnn);
     waitForReplies(1);
     const Message reply = replies().take();
-    QCOMPARE(reply.type(), response);
+    QCOMPARE(reply.type(), m_response);
     QCOMPARE(reply.attributes(),
              QVariantMap({{QStringLiteral("status"), QStringLiteral("success")}}));
     QCOMPARE(server().sendings().size(), 1);
@@ -280,7 +261,7 @@ void MailSenderHandlerTest::sendsOnAThreadOfThePool()
 {
     QThread *replyThread = nullptr;
     brocker()->subscribe(
-        response, [&replyThread](const Message &) { replyThread = QThread::currentThread(); });
+        m_response, [&replyThread](const Message &) { replyThread = QThread::currentThread(); });
     log().skipDebug();
     server().setOpen(false);
     ask(toAnn); // returns while the mail is on its way

@@ -1,19 +1,15 @@
 #include "panorel/handlers/MailSenderHandler.h"
 
-#include "tests/support/HandlerTestCase.h"
+#include "tests/handlers/MailTestCase.h"
 #include "tests/support/PageRequest.h"
-#include "tests/support/TestMailServer.h"
 
 #include <QPointer>
-#include <QThread>
-#include <QThreadPool>
 
 using panorel::MailSenderHandler;
 using panorel::Message;
 
 namespace {
 
-const QString response = QStringLiteral("mail.sender.response");
 const QString ann = QStringLiteral("ann@example.com");
 
 QString recipient(int number) { return QStringLiteral("%1@example.com").arg(number); }
@@ -21,35 +17,21 @@ QString recipient(int number) { return QStringLiteral("%1@example.com").arg(numb
 } // namespace
 
 /// How long a sender of mail lives, whatever happens meanwhile.
-class MailSenderLifetimeTest : public HandlerTestCase
+class MailSenderLifetimeTest : public MailTestCase
 {
     Q_OBJECT
 
 private:
-    TestMailServer &server() { return TestMailServer::instance(); }
-
     void setUp() override
     {
-        HandlerTestCase::setUp();
-        server().reset();
+        MailTestCase::setUp();
         QThreadPool::globalInstance()->setMaxThreadCount(4);
         create();
-    }
-    void tearDown() override
-    {
-        server().setOpen(true);
-        QThreadPool::globalInstance()->waitForDone();
-        turnEventLoop();
-        HandlerTestCase::tearDown();
-        turnEventLoop();
-        QCOMPARE(server().livingSenders(), 0);
-        for (const QThread *thread : server().deletions())
-            QCOMPARE(thread, QThread::currentThread());
     }
 
     MailSenderHandler *create()
     {
-        watch(response);
+        watch(m_response);
         auto *handler = new MailSenderHandler(plugin(), brocker());
         subscribe(handler, QStringLiteral("mail.sender.request"));
         return handler;
@@ -138,7 +120,7 @@ void MailSenderLifetimeTest::sendSurvivesTheHandler()
     server().setOutcome(ann, {0, QString(), true});
     beginToSend();
     brocker()->clear();
-    watch(response);
+    watch(m_response);
     turnEventLoop();
     QCOMPARE(server().livingSenders(), 1);
     server().setOpen(true);
@@ -194,7 +176,7 @@ void MailSenderLifetimeTest::handlerMayGoFromItsReply()
 {
     server().setOutcome(ann, {0, QString(), true});
     int answers = 0;
-    brocker()->subscribe(response, [this, &answers](const Message &) {
+    brocker()->subscribe(m_response, [this, &answers](const Message &) {
         ++answers;
         brocker()->clear();
     });
@@ -226,7 +208,7 @@ void MailSenderLifetimeTest::staysSilentOnceCleared()
 void MailSenderLifetimeTest::replyMayAskAgain()
 {
     int answers = 0;
-    brocker()->subscribe(response, [this, &answers](const Message &) {
+    brocker()->subscribe(m_response, [this, &answers](const Message &) {
         if (++answers < 5)
             send(recipient(answers));
         askWithoutARecipient();
