@@ -1,6 +1,7 @@
 #include "panorel/Message.h"
 
 #include "panorel/JsonConversion.h"
+#include "panorel/RandomUuid.h"
 
 namespace panorel {
 
@@ -21,12 +22,12 @@ const QString &typeKey()
 } // namespace
 
 Message::Message(const QString &type)
-    : m_id(QUuid::createUuid())
+    : m_id(randomUuid())
     , m_type(type)
 { }
 
 Message::Message(const QString &type, const QMap<QString, QVariant> &attributes)
-    : m_id(QUuid::createUuid())
+    : m_id(randomUuid())
     , m_type(type)
     , m_attributes(attributes)
 { }

@@ -1,6 +1,7 @@
 #include "panorel/RecordConversion.h"
 
 #include "panorel/Attributes.h"
+#include "panorel/RandomUuid.h"
 
 #include "host/DatabaseDefaults.h"
 
@@ -107,7 +108,7 @@ QVariantMap toMap(const FaceInfo &face)
             {QStringLiteral("matches"), matches}};
 }
 
-QString randomKey() { return QUuid::createUuid().toString(); }
+QString randomKey() { return randomUuid().toString(); }
 
 ID readId(const QJsonValue &value)
 {
