@@ -43,6 +43,8 @@ public:
     static Message fromJson(QJsonObject &json);
 
 private:
+    friend class PanorelQueueBrocker; // reads the topic in place
+
     QUuid m_id;
     QString m_type;
     QMap<QString, QVariant> m_attributes;

@@ -6,11 +6,23 @@
 
 #include <QSet>
 
+#include <algorithm>
+#include <cstdint>
 #include <utility>
+#include <vector>
 
 namespace panorel {
 
 namespace {
+
+/// Where the text of @p text lies; two that lie at one address are one.
+const void *addressOfText(const QString &text) { return const_cast<QString &>(text).data_ptr(); }
+
+std::size_t indexOfAddress(const void *address)
+{
+    const auto number = reinterpret_cast<std::uintptr_t>(address);
+    return number >> 4 ^ number >> 12;
+}
 
 /// Deletes handlers with itself. Handed to deleteLater(), it outlives every signal and every nested
 /// event loop that is running now.
@@ -37,6 +49,13 @@ bool isFaceReport(const Message &message)
         || attributes.contains(QStringLiteral("info"));
 }
 
+/// Apart from the delivery, which pays nothing for it.
+Q_NEVER_INLINE void log(const Message &message)
+{
+    if (!isFaceReport(message))
+        qCDebug(lcPanorel) << message.toJson();
+}
+
 /// Opens the question of QObject, asked in a slot, who called it.
 class SenderQuestion : public QObject
 {
@@ -55,36 +74,41 @@ bool isInASlot(const MessageHandler *handler)
     return object && SenderQuestion::isAnswered(object);
 }
 
-/// Each handler of the table once, without the null ones.
-QList<MessageHandler *> distinctHandlers(const QMap<QString, QList<MessageHandler *>> &table)
-{
-    QList<MessageHandler *> handlers;
-    QSet<MessageHandler *> seen{nullptr};
-    for (const QList<MessageHandler *> &subscribed : table) {
-        for (MessageHandler *handler : subscribed) {
-            if (seen.contains(handler))
-                continue;
-            seen.insert(handler);
-            handlers.append(handler);
-        }
-    }
-    return handlers;
-}
-
 } // namespace
+
+/// The handlers of one topic. While a delivery reads them nobody writes: a change takes place in a
+/// copy, and the last reader deletes what was replaced.
+struct PanorelQueueBrocker::Subscribers
+{
+    std::vector<MessageHandler *> handlers;
+    int readers = 0;
+    bool isReplaced = false;
+
+    void replace()
+    {
+        if (readers == 0)
+            delete this;
+        else
+            isReplaced = true;
+    }
+};
 
 /// Marks a delivery; after the outermost one the handlers that were cleared in it are deleted.
 class PanorelQueueBrocker::DeliveryScope
 {
 public:
-    explicit DeliveryScope(PanorelQueueBrocker *brocker)
+    DeliveryScope(PanorelQueueBrocker *brocker, Subscribers *subscribers)
         : m_brocker(brocker)
+        , m_subscribers(subscribers)
     {
         ++m_brocker->m_deliveries;
+        ++m_subscribers->readers;
     }
 
     ~DeliveryScope()
     {
+        if (--m_subscribers->readers == 0 && m_subscribers->isReplaced)
+            delete m_subscribers;
         if (--m_brocker->m_deliveries == 0 && !m_brocker->m_cleared.isEmpty())
             m_brocker->deleteLater(std::exchange(m_brocker->m_cleared, {}));
     }
@@ -93,15 +117,18 @@ private:
     Q_DISABLE_COPY(DeliveryScope)
 
     PanorelQueueBrocker *const m_brocker;
+    Subscribers *const m_subscribers;
 };
 
-PanorelQueueBrocker::PanorelQueueBrocker() = default;
+PanorelQueueBrocker::PanorelQueueBrocker()
+    : m_log(lcPanorel())
+{ }
 
 PanorelQueueBrocker::~PanorelQueueBrocker()
 {
     // Repeated because a handler's destructor may subscribe another one, and because one that is in
     // a slot of its own waits first.
-    while (!m_handlers.isEmpty() || !m_retired.children().isEmpty()) {
+    while (!m_table.isEmpty() || !m_retired.children().isEmpty()) {
         PanorelQueueBrocker::clear();
         const QObjectList retired = m_retired.children();
         qDeleteAll(retired);
@@ -110,27 +137,47 @@ PanorelQueueBrocker::~PanorelQueueBrocker()
 
 void PanorelQueueBrocker::publish(const Message &message)
 {
-    if (!isFaceReport(message))
-        qCDebug(lcPanorel) << message.toJson();
+    if (Q_UNLIKELY(m_log.isDebugEnabled()))
+        log(message);
 
-    const auto subscribed = m_handlers.constFind(message.type());
-    if (subscribed == m_handlers.constEnd())
+    Subscribers *const subscribers = find(message.m_type);
+    if (!subscribers)
         return;
-
-    // A copy: handlers may change the table while they run.
-    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
-    const QList<MessageHandler *> snapshot = *subscribed;
-    const DeliveryScope delivery(this);
-    for (MessageHandler *handler : snapshot) {
+    const DeliveryScope delivery(this, subscribers);
+    for (MessageHandler *handler : subscribers->handlers) {
         if (handler)
             handler->handle(message);
     }
 }
 
+PanorelQueueBrocker::Subscribers *PanorelQueueBrocker::find(const QString &topic) const
+{
+    const void *const text = addressOfText(topic);
+    const Shortcut &shortcut = m_shortcuts[indexOfAddress(text) % m_shortcuts.size()];
+    return shortcut.text == text ? shortcut.subscribers : m_table.value(topic);
+}
+
+/// The subscribers of @p topic, made when there are none, and read by nobody.
+PanorelQueueBrocker::Subscribers &PanorelQueueBrocker::change(const QString &topic)
+{
+    auto entry = m_table.find(topic);
+    if (entry == m_table.end()) {
+        entry = m_table.insert(topic, new Subscribers);
+    } else if ((*entry)->readers > 0) {
+        auto *copy = new Subscribers;
+        copy->handlers = (*entry)->handlers;
+        std::exchange(*entry, copy)->replace();
+    }
+    // The last one to come has the shortcut.
+    const void *const text = addressOfText(entry.key());
+    m_shortcuts[indexOfAddress(text) % m_shortcuts.size()] = {text, *entry};
+    return **entry;
+}
+
 void PanorelQueueBrocker::subscribe(QString topic, MessageHandler *handler)
 {
     qCDebug(lcPanorel) << "Subsctribe default handler" << topic;
-    m_handlers[topic].append(handler);
+    change(topic).handlers.push_back(handler);
 }
 
 void PanorelQueueBrocker::subscribe(QString topic, std::function<void(Message)> function)
@@ -141,19 +188,22 @@ void PanorelQueueBrocker::subscribe(QString topic, std::function<void(Message)> 
 
 void PanorelQueueBrocker::unSubscribe(QString topic, MessageHandler *handler)
 {
-    const auto subscribed = m_handlers.find(topic);
-    if (subscribed != m_handlers.end())
-        subscribed->removeOne(handler);
+    if (!m_table.contains(topic))
+        return;
+    auto &handlers = change(topic).handlers;
+    const auto first = std::find(handlers.begin(), handlers.end(), handler);
+    if (first != handlers.end())
+        handlers.erase(first);
 }
 
 void PanorelQueueBrocker::clear()
 {
-    if (m_handlers.isEmpty())
+    if (m_table.isEmpty())
         return;
 
     qCDebug(lcPanorel) << "Delete handlers";
     // The table goes first: a handler that publishes while it is deleted reaches nobody.
-    const QList<MessageHandler *> handlers = distinctHandlers(std::exchange(m_handlers, {}));
+    const QList<MessageHandler *> handlers = takeHandlers();
     for (MessageHandler *handler : handlers)
         handler->m_retired = true;
     if (m_deliveries > 0) {
@@ -170,6 +220,29 @@ void PanorelQueueBrocker::clear()
     }
     if (!inASlot.isEmpty())
         deleteLater(inASlot);
+}
+
+/// Empties the table; each of its handlers once, without the null ones, by the order of the topics.
+QList<MessageHandler *> PanorelQueueBrocker::takeHandlers()
+{
+    m_shortcuts.fill({});
+    const QHash<QString, Subscribers *> table = std::exchange(m_table, {});
+    QStringList topics = table.keys();
+    topics.sort();
+
+    QList<MessageHandler *> handlers;
+    QSet<MessageHandler *> seen{nullptr};
+    for (const QString &topic : qAsConst(topics)) {
+        Subscribers *const subscribers = table.value(topic);
+        for (MessageHandler *handler : subscribers->handlers) {
+            if (seen.contains(handler))
+                continue;
+            seen.insert(handler);
+            handlers.append(handler);
+        }
+        subscribers->replace();
+    }
+    return handlers;
 }
 
 void PanorelQueueBrocker::deleteLater(const QList<MessageHandler *> &handlers)

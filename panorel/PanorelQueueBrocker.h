@@ -3,10 +3,14 @@
 #include "panorel/Export.h"
 #include "panorel/MessageQueueBrocker.h"
 
+#include <QHash>
 #include <QList>
-#include <QMap>
 #include <QObject>
 #include <QString>
+
+#include <array>
+
+class QLoggingCategory;
 
 namespace panorel {
 
@@ -39,11 +43,26 @@ public:
     void clear() override;
 
 private:
+    struct Subscribers;
     class DeliveryScope;
 
+    Subscribers *find(const QString &topic) const;
+    Subscribers &change(const QString &topic);
+    QList<MessageHandler *> takeHandlers();
     void deleteLater(const QList<MessageHandler *> &handlers);
 
-    QMap<QString, QList<MessageHandler *>> m_handlers;
+    const QLoggingCategory &m_log;
+    QHash<QString, Subscribers *> m_table; // owned; what a delivery reads is replaced, not changed
+
+    /// A way into the table by the address of a topic's text: the topic that somebody subscribed to
+    /// and all copies of it share one. It may lack topics, and never holds one that the table lacks.
+    struct Shortcut
+    {
+        const void *text;
+        Subscribers *subscribers;
+    };
+    std::array<Shortcut, 512> m_shortcuts{};
+
     int m_deliveries = 0;
     QList<MessageHandler *> m_cleared; // during the running delivery
     QObject m_retired; // parent of what waits for the event loop

@@ -91,6 +91,8 @@ private Q_SLOTS:
     void deliversInSubscriptionOrder();
     void deliversBeforeReturning();
     void comparesTopicsExactly();
+    void findsATopicWhoeverWroteIt();
+    void findsEachOfManyTopics();
     void passesOverATopicWithoutHandlers();
     void deliversTheSameMessage();
     void callsACallable();
@@ -113,6 +115,7 @@ private Q_SLOTS:
 
     void clearDeletesAtOnce();
     void clearDeletesSharedHandlerOnce();
+    void clearDeletesInTheOrderOfTopics();
     void clearPassesOverNull();
     void clearForgetsAnUnsubscribedHandler();
     void destructorDeletesHandlers();
@@ -159,6 +162,41 @@ void PanorelQueueBrockerTest::comparesTopicsExactly()
     m_brocker->publish(Message(QStringLiteral("dialog.say ")));
     m_brocker->publish(Message(QString()));
     QCOMPARE(takeOrder(), QStringList());
+}
+
+void PanorelQueueBrockerTest::findsATopicWhoeverWroteIt()
+{
+    // Texts of one content at several addresses, before and after the table has changed.
+    int calls = 0;
+    const auto count = [&calls](const Message &) { ++calls; };
+    const auto written = [] { return QString::fromLatin1("user.has.user"); };
+    m_brocker->subscribe(written(), count);
+    m_brocker->publish(Message(written()));
+    m_brocker->publish(Message(panorel::constants::USER_HAS));
+    QCOMPARE(calls, 2);
+    m_brocker->subscribe(panorel::constants::USER_HAS, count);
+    m_brocker->publish(Message(written()));
+    m_brocker->publish(Message(panorel::constants::USER_HAS));
+    QCOMPARE(calls, 6);
+    m_brocker->clear();
+    m_brocker->publish(Message(written()));
+    m_brocker->publish(Message(panorel::constants::USER_HAS));
+    QCOMPARE(calls, 6);
+}
+
+void PanorelQueueBrockerTest::findsEachOfManyTopics()
+{
+    const int count = 3000; // more than there are shortcuts
+    QStringList topics;
+    QVector<int> calls(count, 0);
+    for (int i = 0; i < count; ++i) {
+        topics.append(QStringLiteral("topic.%1").arg(i));
+        m_brocker->subscribe(topics.last(), [&calls, i](const Message &) { ++calls[i]; });
+    }
+    for (int round = 0; round < 2; ++round)
+        for (const QString &topic : qAsConst(topics))
+            m_brocker->publish(Message(topic));
+    QCOMPARE(calls, QVector<int>(count, 2));
 }
 
 void PanorelQueueBrockerTest::passesOverATopicWithoutHandlers()
@@ -408,6 +446,21 @@ void PanorelQueueBrockerTest::clearDeletesSharedHandlerOnce()
         m_brocker->subscribe(QString::number(i), shared);
     m_brocker->clear();
     QCOMPARE(CountedHandler::count(), 0);
+}
+
+void PanorelQueueBrockerTest::clearDeletesInTheOrderOfTopics()
+{
+    QStringList deleted;
+    QStringList topics;
+    for (int i = 0; i < 20; ++i) {
+        topics.append(QStringLiteral("topic.%1").arg(19 - i, 2, 10, QLatin1Char('0')));
+        const QString topic = topics.last();
+        m_brocker->subscribe(topic,
+                             new CountedHandler({}, [&deleted, topic] { deleted.append(topic); }));
+    }
+    m_brocker->clear();
+    topics.sort();
+    QCOMPARE(deleted, topics);
 }
 
 void PanorelQueueBrockerTest::clearPassesOverNull()
