@@ -10,6 +10,7 @@ set(PANOREL_HOST_TARGET "" CACHE STRING "Existing target to use as Panorel::host
 option(PANOREL_BUILD_SIMULATOR "Build the robot on a desk" ${PANOREL_TOP_LEVEL})
 option(PANOREL_BUILD_EXAMPLES "Build the numbered examples" ${PANOREL_TOP_LEVEL})
 option(PANOREL_BUILD_TESTS "Build the tests" ${PANOREL_TOP_LEVEL})
+option(PANOREL_BUILD_BENCHMARKS "Build the benchmarks" OFF)
 option(PANOREL_WERROR "Treat warnings as errors" OFF)
 set(PANOREL_SANITIZE "" CACHE STRING "Sanitizers to build with, such as address,undefined")
 

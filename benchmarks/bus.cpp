@@ -1,0 +1,243 @@
+// What it costs to carry a message over the bus, beside the least that it could cost (a direct
+// virtual call with the message copied), the straightforward implementation, and peers.
+//
+// Names: group/variant/argument. scripts/bench-table.py divides the times of the
+// variants of one group and argument.
+
+#include "benchmarks/Handlers.h"
+#include "panorel/Constants.h"
+#include "panorel/PanorelMessageHandler.h"
+#include "panorel/PanorelQueueBrocker.h"
+#include "tests/support/Topics.h"
+
+#include <QLoggingCategory>
+#include <QObject>
+
+#include <benchmark/benchmark.h>
+#include <boost/signals2.hpp>
+
+#include <vector>
+
+#include <sys/random.h>
+
+using panorel::Message;
+using panorel::MessageHandler;
+using panorel::PanorelQueueBrocker;
+
+namespace {
+
+QVariantMap attributes()
+{
+    return {{QStringLiteral("text"), QStringLiteral("Hello")}, {QStringLiteral("is_finish"), true}};
+}
+
+QStringList allTopics() { return forwardedTopics() + topicsKeptInside(); }
+
+/// Topic @p number of a table of any size; the first 96 are the library's.
+QString topic(int number)
+{
+    static const QStringList known = allTopics();
+    return number < known.size() ? known.at(number) : QStringLiteral("topic.%1").arg(number);
+}
+
+template <typename Messages>
+void addMessages(Messages &messages, int topics)
+{
+    for (int i = 0; i < topics; ++i)
+        messages.emplace_back(topic(i), attributes());
+}
+
+// One topic after the other, each with so many handlers: arguments topics, handlers.
+
+void publishDirect(benchmark::State &state)
+{
+    std::vector<Message> messages;
+    addMessages(messages, static_cast<int>(state.range(0)));
+    std::vector<std::vector<std::unique_ptr<MessageHandler>>> handlers(messages.size());
+    for (auto &ofATopic : handlers)
+        for (int i = 0; i < state.range(1); ++i)
+            ofATopic.push_back(makeHandler());
+    std::size_t next = 0;
+    for (auto _ : state) {
+        for (const auto &handler : handlers[next])
+            handler->handle(messages[next]);
+        next = next + 1 < messages.size() ? next + 1 : 0;
+    }
+}
+
+void publishBus(benchmark::State &state)
+{
+    std::vector<Message> messages;
+    addMessages(messages, static_cast<int>(state.range(0)));
+    PanorelQueueBrocker bus;
+    for (const Message &message : messages)
+        for (int i = 0; i < state.range(1); ++i)
+            bus.subscribe(message.type(), makeHandler().release());
+    std::size_t next = 0;
+    for (auto _ : state) {
+        bus.publish(messages[next]);
+        next = next + 1 < messages.size() ? next + 1 : 0;
+    }
+}
+
+void publishNaive(benchmark::State &state)
+{
+    std::vector<naive::Message> messages;
+    addMessages(messages, static_cast<int>(state.range(0)));
+    naive::Bus bus;
+    std::vector<std::unique_ptr<naive::Handler>> handlers;
+    for (const naive::Message &message : messages)
+        for (int i = 0; i < state.range(1); ++i) {
+            handlers.push_back(makeNaiveHandler());
+            bus.subscribe(message.type(), handlers.back().get());
+        }
+    std::size_t next = 0;
+    for (auto _ : state) {
+        bus.publish(messages[next]);
+        next = next + 1 < messages.size() ? next + 1 : 0;
+    }
+}
+
+std::vector<std::unique_ptr<MessageHandler>> makeHandlers(int64_t count)
+{
+    std::vector<std::unique_ptr<MessageHandler>> handlers;
+    for (int64_t i = 0; i < count; ++i)
+        handlers.push_back(makeHandler());
+    return handlers;
+}
+
+// A signal knows its receivers, so there is no topic to look up.
+
+void publishQtSignal(benchmark::State &state)
+{
+    const Message message(topic(0), attributes());
+    QObject source;
+    const auto handlers = makeHandlers(state.range(1));
+    for (const auto &handler : handlers)
+        QObject::connect(&source, &QObject::objectNameChanged, &source,
+                         [&handler, &message] { handler->handle(message); });
+    bool odd = false;
+    const QString names[] = {QStringLiteral("a"), QStringLiteral("b")};
+    for (auto _ : state) {
+        source.setObjectName(names[odd ? 1 : 0]);
+        odd = !odd;
+    }
+}
+
+void publishBoostSignal(benchmark::State &state)
+{
+    const Message message(topic(0), attributes());
+    boost::signals2::signal<void(const Message &)> signal;
+    const auto handlers = makeHandlers(state.range(1));
+    for (const auto &handler : handlers)
+        signal.connect([&handler](const Message &received) { handler->handle(received); });
+    for (auto _ : state)
+        signal(message);
+}
+
+// A topic that nobody subscribed to, in a table of all 96: argument topics.
+
+void unheardDirect(benchmark::State &state)
+{
+    const Message message(QStringLiteral("nobody.cares"), attributes());
+    const std::unique_ptr<MessageHandler> handler = makeHandler();
+    for (auto _ : state)
+        handler->handle(message);
+}
+
+void unheardBus(benchmark::State &state)
+{
+    PanorelQueueBrocker bus;
+    for (int i = 0; i < state.range(0); ++i)
+        bus.subscribe(topic(i), makeHandler().release());
+    const Message message(QStringLiteral("nobody.cares"), attributes());
+    for (auto _ : state)
+        bus.publish(message);
+}
+
+void unheardNaive(benchmark::State &state)
+{
+    naive::Bus bus;
+    const auto handler = makeNaiveHandler();
+    for (int i = 0; i < state.range(0); ++i)
+        bus.subscribe(topic(i), handler.get());
+    const naive::Message message(QStringLiteral("nobody.cares"), attributes());
+    for (auto _ : state)
+        bus.publish(message);
+}
+
+// Making a message.
+
+void makeDirect(benchmark::State &state)
+{
+    const Message made(topic(0), attributes());
+    std::vector<quint32> block(4096);
+    std::size_t next = block.size();
+    for (auto _ : state) {
+        if (next == block.size()) {
+            if (getrandom(block.data(), block.size() * sizeof(quint32), 0) < 0)
+                state.SkipWithError("no randomness");
+            next = 0;
+        }
+        quint32 id[4];
+        std::copy_n(block.begin() + static_cast<std::ptrdiff_t>(next), 4, id);
+        next += 4;
+        Message copy(made);
+        benchmark::DoNotOptimize(id);
+        benchmark::DoNotOptimize(copy);
+    }
+}
+
+void makeMessage(benchmark::State &state)
+{
+    const QString type = topic(0);
+    const QVariantMap map = attributes();
+    for (auto _ : state) {
+        Message message(type, map);
+        benchmark::DoNotOptimize(message);
+    }
+}
+
+void makeNaive(benchmark::State &state)
+{
+    const QString type = topic(0);
+    const QVariantMap map = attributes();
+    for (auto _ : state) {
+        naive::Message message(type, map);
+        benchmark::DoNotOptimize(message);
+    }
+}
+
+void addArguments(benchmark::internal::Benchmark *benchmark)
+{
+    // The goals, then the growth in topics and in handlers.
+    benchmark->Args({96, 1})->Args({96, 16});
+    for (const int topics : {1, 10, 100, 1000})
+        benchmark->Args({topics, 1});
+    for (const int handlers : {4, 100})
+        benchmark->Args({96, handlers});
+}
+
+} // namespace
+
+BENCHMARK(publishDirect)->Name("publish/direct")->Apply(addArguments);
+BENCHMARK(publishBus)->Name("publish/panorel")->Apply(addArguments);
+BENCHMARK(publishNaive)->Name("publish/naive")->Apply(addArguments);
+BENCHMARK(publishQtSignal)->Name("publish/qt-signal")->Args({96, 1})->Args({96, 16});
+BENCHMARK(publishBoostSignal)->Name("publish/boost-signals2")->Args({96, 1})->Args({96, 16});
+BENCHMARK(unheardDirect)->Name("unheard/direct")->Arg(96);
+BENCHMARK(unheardBus)->Name("unheard/panorel")->Arg(96);
+BENCHMARK(unheardNaive)->Name("unheard/naive")->Arg(96);
+BENCHMARK(makeDirect)->Name("make/direct");
+BENCHMARK(makeMessage)->Name("make/panorel");
+BENCHMARK(makeNaive)->Name("make/naive");
+
+int main(int argc, char **argv)
+{
+    QLoggingCategory::setFilterRules(QStringLiteral("panorel.debug=false"));
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 2;
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
