@@ -24,7 +24,8 @@ constexpr int defaultSeconds = 20;
 int milliseconds(const QVariant &seconds)
 {
     constexpr int most = std::numeric_limits<int>::max();
-    if (seconds.toDouble() > most / 1000)
+    constexpr int mostSeconds = most / 1000;
+    if (seconds.toDouble() > mostSeconds)
         return most;
     return static_cast<int>(qMax(0LL, toInt64(seconds)) * 1000);
 }

@@ -164,6 +164,7 @@ void RecordAudioHandlerTest::readsTheTimeout_data()
     QTest::newRow("object") << QByteArray("{}") << 0;
     QTest::newRow("negative") << QByteArray("-5") << 0;
     QTest::newRow("largest") << QByteArray("2147483") << 2147483000;
+    QTest::newRow("a fraction too large") << QByteArray("2147483.6") << mostMs;
     QTest::newRow("just too large") << QByteArray("2147484") << mostMs;
     QTest::newRow("beyond 32 bits") << QByteArray("4294967297") << mostMs;
     QTest::newRow("beyond 53 bits") << QByteArray("9e18") << mostMs;
