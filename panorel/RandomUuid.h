@@ -6,7 +6,7 @@
 
 namespace panorel {
 
-/// A random UUID: version 4, variant DCE (RFC 4122, section 4.4), as QUuid::createUuid() gives, from
+/// A random UUID: version 4, variant DCE (RFC 4122), as QUuid::createUuid() gives, from
 /// a block of the system's randomness that serves many.
 ///
 /// May be called on any thread. Threads, and a process and its forked child, draw on blocks of their
