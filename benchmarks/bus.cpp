@@ -1,12 +1,10 @@
 // What it costs to carry a message over the bus, beside the least that it could cost (a direct
 // virtual call with the message copied), the straightforward implementation, and peers.
 //
-// Names: group/variant/argument. scripts/bench-table.py divides the times of the
-// variants of one group and argument.
+// Names: group/variant/argument. scripts/bench-table.py divides the times of the variants of one group
+// and argument.
 
 #include "benchmarks/Handlers.h"
-#include "panorel/Constants.h"
-#include "panorel/PanorelMessageHandler.h"
 #include "panorel/PanorelQueueBrocker.h"
 #include "tests/support/Topics.h"
 
