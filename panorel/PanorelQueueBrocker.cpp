@@ -24,6 +24,19 @@ std::size_t indexOfAddress(const void *address)
     return number >> 4 ^ number >> 12;
 }
 
+/// A number from a few characters of @p topic.
+std::size_t lookOf(const QString &topic)
+{
+    const int size = topic.size();
+    if (size == 0)
+        return 0;
+    const QChar *const text = topic.constData();
+    const unsigned last = text[size - 1].unicode();
+    const unsigned middle = text[size / 2].unicode();
+    const unsigned nearLast = text[size - 1 - size / 8].unicode();
+    return static_cast<unsigned>(size) ^ last << 2 ^ middle << 5 ^ nearLast << 7;
+}
+
 /// Deletes handlers with itself. Handed to deleteLater(), it outlives every signal and every nested
 /// event loop that is running now.
 class RetiredHandlers : public QObject
@@ -97,19 +110,15 @@ struct PanorelQueueBrocker::Subscribers
 class PanorelQueueBrocker::DeliveryScope
 {
 public:
-    DeliveryScope(PanorelQueueBrocker *brocker, Subscribers *subscribers)
+    explicit DeliveryScope(PanorelQueueBrocker *brocker)
         : m_brocker(brocker)
-        , m_subscribers(subscribers)
     {
         ++m_brocker->m_deliveries;
-        ++m_subscribers->readers;
     }
 
     ~DeliveryScope()
     {
-        if (--m_subscribers->readers == 0 && m_subscribers->isReplaced)
-            delete m_subscribers;
-        if (--m_brocker->m_deliveries == 0 && !m_brocker->m_cleared.isEmpty())
+        if (--m_brocker->m_deliveries == 0 && Q_UNLIKELY(!m_brocker->m_cleared.isEmpty()))
             m_brocker->deleteLater(std::exchange(m_brocker->m_cleared, {}));
     }
 
@@ -117,6 +126,27 @@ private:
     Q_DISABLE_COPY(DeliveryScope)
 
     PanorelQueueBrocker *const m_brocker;
+};
+
+/// Marks a list of subscribers as being read.
+class PanorelQueueBrocker::ReadingScope
+{
+public:
+    explicit ReadingScope(Subscribers *subscribers)
+        : m_subscribers(subscribers)
+    {
+        ++m_subscribers->readers;
+    }
+
+    ~ReadingScope()
+    {
+        if (--m_subscribers->readers == 0 && m_subscribers->isReplaced)
+            delete m_subscribers;
+    }
+
+private:
+    Q_DISABLE_COPY(ReadingScope)
+
     Subscribers *const m_subscribers;
 };
 
@@ -140,44 +170,61 @@ void PanorelQueueBrocker::publish(const Message &message)
     if (Q_UNLIKELY(m_log.isDebugEnabled()))
         log(message);
 
-    Subscribers *const subscribers = find(message.m_type);
-    if (!subscribers)
-        return;
-    const DeliveryScope delivery(this, subscribers);
+    const Shortcut &known = shortcut(message.m_type);
+    if (known.text == addressOfText(message.m_type)) {
+        if (MessageHandler *const handler = known.only) {
+            const DeliveryScope delivery(this);
+            handler->handle(message);
+        } else {
+            deliver(message, known.subscribers);
+        }
+    } else if (m_looks.test(lookOf(message.m_type) % m_looks.size())) {
+        if (Subscribers *const subscribers = m_table.value(message.m_type))
+            deliver(message, subscribers);
+    }
+}
+
+void PanorelQueueBrocker::deliver(const Message &message, Subscribers *subscribers)
+{
+    const DeliveryScope delivery(this);
+    const ReadingScope reading(subscribers);
     for (MessageHandler *handler : subscribers->handlers) {
         if (handler)
             handler->handle(message);
     }
 }
 
-PanorelQueueBrocker::Subscribers *PanorelQueueBrocker::find(const QString &topic) const
+/// Where the shortcut to @p topic is when there is one.
+const PanorelQueueBrocker::Shortcut &PanorelQueueBrocker::shortcut(const QString &topic) const
 {
-    const void *const text = addressOfText(topic);
-    const Shortcut &shortcut = m_shortcuts[indexOfAddress(text) % m_shortcuts.size()];
-    return shortcut.text == text ? shortcut.subscribers : m_table.value(topic);
+    return m_shortcuts[indexOfAddress(addressOfText(topic)) % m_shortcuts.size()];
 }
 
-/// The subscribers of @p topic, made when there are none, and read by nobody.
-PanorelQueueBrocker::Subscribers &PanorelQueueBrocker::change(const QString &topic)
+/// Changes the handlers of @p topic, which a delivery may be reading.
+template <typename Change>
+void PanorelQueueBrocker::change(const QString &topic, Change change)
 {
     auto entry = m_table.find(topic);
     if (entry == m_table.end()) {
         entry = m_table.insert(topic, new Subscribers);
+        m_looks.set(lookOf(topic) % m_looks.size());
     } else if ((*entry)->readers > 0) {
         auto *copy = new Subscribers;
         copy->handlers = (*entry)->handlers;
         std::exchange(*entry, copy)->replace();
     }
+    auto &handlers = (*entry)->handlers;
+    change(handlers);
     // The last one to come has the shortcut.
     const void *const text = addressOfText(entry.key());
-    m_shortcuts[indexOfAddress(text) % m_shortcuts.size()] = {text, *entry};
-    return **entry;
+    m_shortcuts[indexOfAddress(text) % m_shortcuts.size()] = {
+        text, handlers.size() == 1 ? handlers.front() : nullptr, *entry};
 }
 
 void PanorelQueueBrocker::subscribe(QString topic, MessageHandler *handler)
 {
     qCDebug(lcPanorel) << "Subsctribe default handler" << topic;
-    change(topic).handlers.push_back(handler);
+    change(topic, [handler](auto &handlers) { handlers.push_back(handler); });
 }
 
 void PanorelQueueBrocker::subscribe(QString topic, std::function<void(Message)> function)
@@ -190,10 +237,11 @@ void PanorelQueueBrocker::unSubscribe(QString topic, MessageHandler *handler)
 {
     if (!m_table.contains(topic))
         return;
-    auto &handlers = change(topic).handlers;
-    const auto first = std::find(handlers.begin(), handlers.end(), handler);
-    if (first != handlers.end())
-        handlers.erase(first);
+    change(topic, [handler](auto &handlers) {
+        const auto first = std::find(handlers.begin(), handlers.end(), handler);
+        if (first != handlers.end())
+            handlers.erase(first);
+    });
 }
 
 void PanorelQueueBrocker::clear()
@@ -226,6 +274,7 @@ void PanorelQueueBrocker::clear()
 QList<MessageHandler *> PanorelQueueBrocker::takeHandlers()
 {
     m_shortcuts.fill({});
+    m_looks.reset();
     const QHash<QString, Subscribers *> table = std::exchange(m_table, {});
     QStringList topics = table.keys();
     topics.sort();

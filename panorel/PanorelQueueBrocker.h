@@ -9,6 +9,7 @@
 #include <QString>
 
 #include <array>
+#include <bitset>
 
 class QLoggingCategory;
 
@@ -44,24 +45,32 @@ public:
 
 private:
     struct Subscribers;
-    class DeliveryScope;
-
-    Subscribers *find(const QString &topic) const;
-    Subscribers &change(const QString &topic);
-    QList<MessageHandler *> takeHandlers();
-    void deleteLater(const QList<MessageHandler *> &handlers);
-
-    const QLoggingCategory &m_log;
-    QHash<QString, Subscribers *> m_table; // owned; what a delivery reads is replaced, not changed
 
     /// A way into the table by the address of a topic's text: the topic that somebody subscribed to
     /// and all copies of it share one. It may lack topics, and never holds one that the table lacks.
     struct Shortcut
     {
         const void *text;
+        MessageHandler *only; // null unless there is exactly one subscriber
         Subscribers *subscribers;
     };
+
+    class DeliveryScope;
+    class ReadingScope;
+
+    const Shortcut &shortcut(const QString &topic) const;
+    void deliver(const Message &message, Subscribers *subscribers);
+    template <typename Change>
+    void change(const QString &topic, Change change);
+    QList<MessageHandler *> takeHandlers();
+    void deleteLater(const QList<MessageHandler *> &handlers);
+
+    const QLoggingCategory &m_log;
+    QHash<QString, Subscribers *> m_table; // owned; what a delivery reads is replaced, not changed
     std::array<Shortcut, 512> m_shortcuts{};
+
+    /// What topics of the table look like at a glance; most others look like none of them.
+    std::bitset<4096> m_looks;
 
     int m_deliveries = 0;
     QList<MessageHandler *> m_cleared; // during the running delivery

@@ -93,6 +93,9 @@ private Q_SLOTS:
     void comparesTopicsExactly();
     void findsATopicWhoeverWroteIt();
     void findsEachOfManyTopics();
+    void tellsLookAlikeTopicsApart();
+    void findsTheEmptyTopic();
+    void followsTheSubscribersOfATopic();
     void passesOverATopicWithoutHandlers();
     void deliversTheSameMessage();
     void callsACallable();
@@ -197,6 +200,66 @@ void PanorelQueueBrockerTest::findsEachOfManyTopics()
         for (const QString &topic : qAsConst(topics))
             m_brocker->publish(Message(topic));
     QCOMPARE(calls, QVector<int>(count, 2));
+}
+
+void PanorelQueueBrockerTest::tellsLookAlikeTopicsApart()
+{
+    // Of one length, and apart in one character, wherever that is.
+    const QString topic = QStringLiteral("scanner.document.request");
+    QStringList heard;
+    m_brocker->subscribe(topic, [&heard](const Message &m) { heard.append(m.type()); });
+    for (int i = 0; i < topic.size(); ++i) {
+        QString lookAlike = topic;
+        lookAlike[i] = QLatin1Char('X');
+        m_brocker->publish(Message(lookAlike));
+    }
+    QCOMPARE(heard, QStringList());
+
+    QStringList lookAlikes;
+    for (int i = 0; i < topic.size(); ++i) {
+        lookAlikes.append(topic);
+        lookAlikes.last()[i] = QLatin1Char('X');
+        m_brocker->subscribe(lookAlikes.last(),
+                             [&heard](const Message &m) { heard.append(m.type()); });
+    }
+    for (const QString &lookAlike : qAsConst(lookAlikes))
+        m_brocker->publish(Message(QString::fromUtf8(lookAlike.toUtf8())));
+    QCOMPARE(heard, lookAlikes);
+}
+
+void PanorelQueueBrockerTest::findsTheEmptyTopic()
+{
+    int calls = 0;
+    m_brocker->subscribe(QString(), [&calls](const Message &) { ++calls; });
+    m_brocker->publish(Message(QString()));
+    m_brocker->publish(Message(QStringLiteral("")));
+    QCOMPARE(calls, 2);
+}
+
+void PanorelQueueBrockerTest::followsTheSubscribersOfATopic()
+{
+    auto *a = new CountedHandler(note(QStringLiteral("A")));
+    auto *b = new CountedHandler(note(QStringLiteral("B")));
+    const auto publish = [this] {
+        m_brocker->publish(Message(topicA));
+        m_brocker->publish(Message(QString::fromUtf8(topicA.toUtf8()))); // found another way
+        return takeOrder().join(QString());
+    };
+    m_brocker->subscribe(topicA, a);
+    QCOMPARE(publish(), QStringLiteral("AA"));
+    m_brocker->subscribe(topicA, b);
+    QCOMPARE(publish(), QStringLiteral("ABAB"));
+    m_brocker->unSubscribe(topicA, a);
+    QCOMPARE(publish(), QStringLiteral("BB"));
+    m_brocker->unSubscribe(topicA, b);
+    QCOMPARE(publish(), QString());
+    m_brocker->subscribe(topicA, a);
+    m_brocker->subscribe(topicA, static_cast<MessageHandler *>(nullptr));
+    QCOMPARE(publish(), QStringLiteral("AA"));
+    m_brocker->unSubscribe(topicA, a);
+    QCOMPARE(publish(), QString()); // null alone
+    delete a;
+    delete b;
 }
 
 void PanorelQueueBrockerTest::passesOverATopicWithoutHandlers()
