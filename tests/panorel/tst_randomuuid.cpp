@@ -1,5 +1,6 @@
 #include "panorel/RandomUuid.h"
 
+#include "panorel/Message.h"
 #include "tests/support/TestCase.h"
 
 #include <algorithm>
@@ -10,17 +11,30 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using panorel::Message;
 using panorel::randomUuid;
+
+using Source = QUuid (*)();
+Q_DECLARE_METATYPE(Source)
 
 namespace {
 
 using Uuids = std::vector<QUuid>;
 
-Uuids draw(int count)
+QUuid idOfAMessage() { return Message(QStringLiteral("system.log")).id(); }
+
+QUuid idOfAMessageWithAttributes() { return Message(QStringLiteral("system.log"), {}).id(); }
+
+Uuids draw(int count, Source source = randomUuid)
 {
     Uuids uuids(static_cast<std::size_t>(count));
-    std::generate(uuids.begin(), uuids.end(), randomUuid);
+    std::generate(uuids.begin(), uuids.end(), source);
     return uuids;
+}
+
+bool isOfTheRandomKind(const QUuid &uuid)
+{
+    return uuid.version() == QUuid::Random && uuid.variant() == QUuid::DCE;
 }
 
 bool allDiffer(Uuids uuids)
@@ -30,7 +44,7 @@ bool allDiffer(Uuids uuids)
 }
 
 /// What a forked child draws next.
-Uuids drawInAChild(int count)
+Uuids drawInAChild(int count, Source source)
 {
     int ends[2];
     if (pipe(ends) != 0)
@@ -38,7 +52,7 @@ Uuids drawInAChild(int count)
     const std::size_t bytes = static_cast<std::size_t>(count) * sizeof(QUuid);
     const pid_t child = fork();
     if (child == 0) {
-        const Uuids uuids = draw(count);
+        const Uuids uuids = draw(count, source);
         const bool written =
             write(ends[1], uuids.data(), bytes) == static_cast<ssize_t>(bytes); // fits the pipe
         _exit(written ? 0 : 1);
@@ -59,22 +73,33 @@ class RandomUuidTest : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void isOfTheRandomKind();
+    void neverRepeats_data() { addSources(); }
     void neverRepeats();
     void setsEachOtherBitHalfTheTime();
+    void threadsNeverRepeatEachOther_data() { addSources(); }
     void threadsNeverRepeatEachOther();
+    void aForkNeverRepeatsItsParent_data() { addSources(); }
     void aForkNeverRepeatsItsParent();
+
+private:
+    void addSources();
 };
 
-void RandomUuidTest::isOfTheRandomKind()
+void RandomUuidTest::addSources()
 {
-    for (const QUuid &uuid : draw(10000)) {
-        QCOMPARE(uuid.version(), QUuid::Random);
-        QCOMPARE(uuid.variant(), QUuid::DCE);
-    }
+    QTest::addColumn<Source>("source");
+    QTest::newRow("alone") << &randomUuid;
+    QTest::newRow("message") << &idOfAMessage;
+    QTest::newRow("message with attributes") << &idOfAMessageWithAttributes;
 }
 
-void RandomUuidTest::neverRepeats() { QVERIFY(allDiffer(draw(1000000))); }
+void RandomUuidTest::neverRepeats()
+{
+    QFETCH(Source, source);
+    const Uuids uuids = draw(1000000, source);
+    QVERIFY(std::all_of(uuids.begin(), uuids.end(), isOfTheRandomKind));
+    QVERIFY(allDiffer(uuids));
+}
 
 void RandomUuidTest::setsEachOtherBitHalfTheTime()
 {
@@ -95,29 +120,35 @@ void RandomUuidTest::setsEachOtherBitHalfTheTime()
 
 void RandomUuidTest::threadsNeverRepeatEachOther()
 {
+    QFETCH(Source, source);
+    Uuids all = draw(3, source); // a block is begun
     std::array<Uuids, 4> drawn;
     std::vector<std::thread> threads;
     for (Uuids &uuids : drawn)
-        threads.emplace_back([&uuids] { uuids = draw(50000); });
+        threads.emplace_back([&uuids, source] { uuids = draw(50000, source); });
+    const Uuids meanwhile = draw(50000, source);
     for (std::thread &thread : threads)
         thread.join();
-    Uuids all = draw(50000);
+    all.insert(all.end(), meanwhile.begin(), meanwhile.end());
     for (const Uuids &uuids : drawn)
         all.insert(all.end(), uuids.begin(), uuids.end());
+    QVERIFY(std::all_of(all.begin(), all.end(), isOfTheRandomKind));
     QVERIFY(allDiffer(all));
 }
 
 void RandomUuidTest::aForkNeverRepeatsItsParent()
 {
+    QFETCH(Source, source);
     const int count = 1000;
-    Uuids all = draw(3); // a block is begun
+    Uuids all = draw(3, source); // a block is begun
     for (int i = 0; i < 2; ++i) { // siblings, too
-        const Uuids ofTheChild = drawInAChild(count);
+        const Uuids ofTheChild = drawInAChild(count, source);
         QCOMPARE(ofTheChild.size(), static_cast<std::size_t>(count));
         all.insert(all.end(), ofTheChild.begin(), ofTheChild.end());
     }
-    const Uuids ofTheParent = draw(count);
+    const Uuids ofTheParent = draw(count, source);
     all.insert(all.end(), ofTheParent.begin(), ofTheParent.end());
+    QVERIFY(std::all_of(all.begin(), all.end(), isOfTheRandomKind));
     QVERIFY(allDiffer(all));
 }
 
