@@ -127,12 +127,7 @@ void Panorel::faceInfo(const QVector<QSharedPointer<FaceInfo>> &faces)
     // First the touch handler, so that it knows the faces no later than the page.
     d->brocker->publish(Message(GENERAL_TOUCH, {{key, QVariant::fromValue(seen)}}));
 
-    QVariantMap all;
-    for (const QSharedPointer<FaceInfo> &face : seen) {
-        if (face)
-            all.insert(randomKey(), toMap(*face));
-    }
-    d->brocker->publish(Message(FACE_RECOGNIZE_INFO, {{key, all}}));
+    d->brocker->publish(Message(FACE_RECOGNIZE_INFO, {{key, toMap(seen)}}));
 }
 
 void Panorel::faceRect(const QVector<QSharedPointer<FaceRect>> &rects)

@@ -108,6 +108,16 @@ QVariantMap toMap(const FaceInfo &face)
             {QStringLiteral("matches"), matches}};
 }
 
+QVariantMap toMap(const QVector<QSharedPointer<FaceInfo>> &faces)
+{
+    QVariantMap all;
+    for (const QSharedPointer<FaceInfo> &face : faces) {
+        if (face)
+            all.insert(randomKey(), toMap(*face));
+    }
+    return all;
+}
+
 QString randomKey() { return randomUuid().toString(); }
 
 ID readId(const QJsonValue &value)

@@ -33,6 +33,9 @@ QVariantMap toMap(const Answer &answer);
 /// stand under random UUIDs, which carry no meaning.
 QVariantMap toMap(const FaceInfo &face);
 
+/// The faces under random UUIDs likewise. Null pointers are passed over.
+QVariantMap toMap(const QVector<QSharedPointer<FaceInfo>> &faces);
+
 /// A key that no other has, for a collection of records that is sent as a map.
 QString randomKey();
 
