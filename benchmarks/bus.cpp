@@ -5,8 +5,9 @@
 // and argument.
 
 #include "benchmarks/Handlers.h"
+#include "benchmarks/NaiveBus.h"
+#include "benchmarks/Work.h"
 #include "panorel/PanorelQueueBrocker.h"
-#include "tests/support/Topics.h"
 
 #include <QLoggingCategory>
 #include <QObject>
@@ -23,20 +24,6 @@ using panorel::MessageHandler;
 using panorel::PanorelQueueBrocker;
 
 namespace {
-
-QVariantMap attributes()
-{
-    return {{QStringLiteral("text"), QStringLiteral("Hello")}, {QStringLiteral("is_finish"), true}};
-}
-
-QStringList allTopics() { return forwardedTopics() + topicsKeptInside(); }
-
-/// Topic @p number of a table of any size; the first 96 are the library's.
-QString topic(int number)
-{
-    static const QStringList known = allTopics();
-    return number < known.size() ? known.at(number) : QStringLiteral("topic.%1").arg(number);
-}
 
 template <typename Messages>
 void addMessages(Messages &messages, int topics)
@@ -133,14 +120,25 @@ void publishBoostSignal(benchmark::State &state)
         signal(message);
 }
 
-// A topic that nobody subscribed to, in a table of all 96: argument topics.
+// Topics that nobody subscribed to, in turn, in a table of all 96: argument topics.
+
+template <typename Messages>
+void addUnheard(Messages &messages)
+{
+    for (int i = 0; i < 96; ++i)
+        messages.emplace_back(QStringLiteral("nobody.cares.%1").arg(i), attributes());
+}
 
 void unheardDirect(benchmark::State &state)
 {
-    const Message message(QStringLiteral("nobody.cares"), attributes());
-    const std::unique_ptr<MessageHandler> handler = makeHandler();
-    for (auto _ : state)
-        handler->handle(message);
+    std::vector<Message> messages;
+    addUnheard(messages);
+    const auto handlers = makeHandlers(static_cast<int64_t>(messages.size()));
+    std::size_t next = 0;
+    for (auto _ : state) {
+        handlers[next]->handle(messages[next]);
+        next = next + 1 < messages.size() ? next + 1 : 0;
+    }
 }
 
 void unheardBus(benchmark::State &state)
@@ -148,9 +146,13 @@ void unheardBus(benchmark::State &state)
     PanorelQueueBrocker bus;
     for (int i = 0; i < state.range(0); ++i)
         bus.subscribe(topic(i), makeHandler().release());
-    const Message message(QStringLiteral("nobody.cares"), attributes());
-    for (auto _ : state)
-        bus.publish(message);
+    std::vector<Message> messages;
+    addUnheard(messages);
+    std::size_t next = 0;
+    for (auto _ : state) {
+        bus.publish(messages[next]);
+        next = next + 1 < messages.size() ? next + 1 : 0;
+    }
 }
 
 void unheardNaive(benchmark::State &state)
@@ -159,9 +161,13 @@ void unheardNaive(benchmark::State &state)
     const auto handler = makeNaiveHandler();
     for (int i = 0; i < state.range(0); ++i)
         bus.subscribe(topic(i), handler.get());
-    const naive::Message message(QStringLiteral("nobody.cares"), attributes());
-    for (auto _ : state)
-        bus.publish(message);
+    std::vector<naive::Message> messages;
+    addUnheard(messages);
+    std::size_t next = 0;
+    for (auto _ : state) {
+        bus.publish(messages[next]);
+        next = next + 1 < messages.size() ? next + 1 : 0;
+    }
 }
 
 // Making a message.
