@@ -7,6 +7,12 @@
 #include <QFile>
 #include <QLocale>
 
+#include <cerrno>
+#include <ctime>
+
+#include <fcntl.h>
+#include <unistd.h>
+
 namespace panorel {
 
 namespace {
@@ -16,6 +22,57 @@ bool isFileName(const QString &topic)
 {
     return !topic.isEmpty() && !topic.contains(QLatin1Char('/'))
         && !topic.contains(QLatin1Char('\\')) && !topic.contains(QChar(QChar::Null));
+}
+
+/// A file that is appended to; closed at the end of its scope. QFile asks the system half as many
+/// questions again.
+class AppendedFile
+{
+public:
+    explicit AppendedFile(const QByteArray &path)
+        : m_descriptor(open(path.constData(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666))
+    { }
+
+    ~AppendedFile()
+    {
+        if (isOpen())
+            close(m_descriptor);
+    }
+
+    bool isOpen() const { return m_descriptor >= 0; }
+
+    void write(const QByteArray &bytes)
+    {
+        int written = 0;
+        while (written < bytes.size()) {
+            const ssize_t count = ::write(m_descriptor, bytes.constData() + written,
+                                          static_cast<std::size_t>(bytes.size() - written));
+            if (count < 0 && errno == EINTR)
+                continue;
+            if (count <= 0)
+                return;
+            written += static_cast<int>(count);
+        }
+    }
+
+private:
+    Q_DISABLE_COPY(AppendedFile)
+
+    const int m_descriptor;
+};
+
+/// False when the file cannot be opened. What cannot be written is lost silently: the page has no use
+/// for an answer.
+bool append(const QByteArray &path, const QStringList &records)
+{
+    AppendedFile file(path);
+    if (!file.isOpen())
+        return false;
+    QByteArray bytes;
+    for (const QString &record : records)
+        bytes += record.toUtf8();
+    file.write(bytes);
+    return true;
 }
 
 } // namespace
@@ -29,6 +86,7 @@ QString StatisticEventHandler::topic() const { return constants::STATISTIC; }
 void StatisticEventHandler::setPeriodicity(const QString &periodicity)
 {
     m_periodicity = periodicity;
+    m_folder.clear();
 }
 
 void StatisticEventHandler::handle(Message message)
@@ -38,17 +96,27 @@ void StatisticEventHandler::handle(Message message)
     if (!isFileName(topic))
         return; // nothing to write to: dropped
 
-    const QString folder = QDir::toNativeSeparators(m_directory) + QDir::separator()
-        + periodFolder(m_periodicity, QDate::currentDate());
-    // A folder that cannot be created shows as a file that cannot be opened.
-    QDir().mkpath(folder);
-
+    const QString folder = currentFolder();
+    const QByteArray path =
+        QFile::encodeName(folder + QDir::separator() + topic + QStringLiteral(".csv"));
     const QStringList data = attributes.value(QStringLiteral("data")).toStringList();
-    QFile file(folder + QDir::separator() + topic + QStringLiteral(".csv"));
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Append))
-        return; // lost silently: the page has no use for an answer
-    for (const QString &record : data)
-        file.write(record.toUtf8());
+    if (!append(path, data)) {
+        QDir().mkpath(folder);
+        append(path, data);
+    }
+}
+
+/// Finding the local date costs more than writing the records. It changes only with a quarter of an
+/// hour: every time zone is a multiple of that away from UTC.
+const QString &StatisticEventHandler::currentFolder()
+{
+    const qint64 quarter = std::time(nullptr) / (15 * 60);
+    if (m_folder.isEmpty() || quarter != m_quarter) {
+        m_quarter = quarter;
+        m_folder = QDir::toNativeSeparators(m_directory) + QDir::separator()
+            + periodFolder(m_periodicity, QDate::currentDate());
+    }
+    return m_folder;
 }
 
 QString StatisticEventHandler::periodFolder(const QString &periodicity, const QDate &date)

@@ -31,8 +31,12 @@ public:
     static QString periodFolder(const QString &periodicity, const QDate &date);
 
 private:
+    const QString &currentFolder();
+
     QString m_directory;
     QString m_periodicity;
+    QString m_folder; // of the quarter of an hour below; empty when it must be found anew
+    qint64 m_quarter = 0;
 };
 
 } // namespace panorel

@@ -7,7 +7,37 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <ctime>
+
+#include <sys/time.h>
+
 using panorel::StatisticEventHandler;
+
+namespace {
+
+/// What this program takes for now, in seconds since 1970; the system's time when it is 0.
+std::time_t pretendedNow = 0;
+
+} // namespace
+
+// Take the place of the C library's, for Qt and the library alike.
+
+extern "C" std::time_t time(std::time_t *result) noexcept
+{
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME, &now);
+    const std::time_t seconds = pretendedNow != 0 ? pretendedNow : now.tv_sec;
+    if (result)
+        *result = seconds;
+    return seconds;
+}
+
+extern "C" int gettimeofday(timeval *result, void *) noexcept
+{
+    result->tv_sec = time(nullptr);
+    result->tv_usec = 0;
+    return 0;
+}
 
 class StatisticEventHandlerTest : public HandlerTestCase
 {
@@ -27,6 +57,7 @@ private:
     {
         HandlerTestCase::tearDown();
         m_folder.reset();
+        pretendedNow = 0;
     }
 
     /// Sends a record and checks that the handler itself logs nothing.
@@ -77,6 +108,9 @@ private Q_SLOTS:
     void refusesTopicsThatLeaveTheFolder_data();
     void refusesTopicsThatLeaveTheFolder();
     void changesThePeriodForTheNextRecord();
+    void changesTheFolderAtMidnight_data();
+    void changesTheFolderAtMidnight();
+    void createsAFolderThatWasRemoved();
     void losesRecordsSilently();
 };
 
@@ -205,6 +239,43 @@ void StatisticEventHandlerTest::changesThePeriodForTheNextRecord()
     m_handler->setPeriodicity(QStringLiteral("month"));
     record(QStringLiteral("visits"), {QStringLiteral("2")});
     QCOMPARE(files().size(), 2);
+}
+
+void StatisticEventHandlerTest::changesTheFolderAtMidnight_data()
+{
+    QTest::addColumn<QByteArray>("zone");
+    QTest::addColumn<QString>("midnight");
+    QTest::newRow("UTC") << QByteArray("UTC0") << "2026-11-21T00:00:00Z";
+    QTest::newRow("an hour from it") << QByteArray("<+01>-1") << "2026-11-20T23:00:00Z";
+    QTest::newRow("three quarters") << QByteArray("<+0545>-5:45") << "2026-11-20T18:15:00Z";
+}
+
+void StatisticEventHandlerTest::changesTheFolderAtMidnight()
+{
+    QFETCH(QByteArray, zone);
+    QFETCH(QString, midnight);
+    const QByteArray before = qgetenv("TZ");
+    qputenv("TZ", zone);
+    tzset();
+    pretendedNow = QDateTime::fromString(midnight, Qt::ISODate).toSecsSinceEpoch() - 1;
+    record(QStringLiteral("visits"), {QStringLiteral("before")});
+    ++pretendedNow;
+    record(QStringLiteral("visits"), {QStringLiteral("after")});
+    --pretendedNow; // the clock was put back
+    record(QStringLiteral("visits"), {QStringLiteral("again")});
+    before.isNull() ? qunsetenv("TZ") : qputenv("TZ", before);
+    tzset();
+    QCOMPARE(files(),
+             (QMap<QString, QByteArray>{{QStringLiteral("20.11.2026/visits.csv"), "beforeagain"},
+                                        {QStringLiteral("21.11.2026/visits.csv"), "after"}}));
+}
+
+void StatisticEventHandlerTest::createsAFolderThatWasRemoved()
+{
+    record(QStringLiteral("visits"), {QStringLiteral("1")});
+    QVERIFY(QDir(m_directory).removeRecursively());
+    record(QStringLiteral("visits"), {QStringLiteral("2")});
+    QCOMPARE(files().values(), QList<QByteArray>{"2"});
 }
 
 void StatisticEventHandlerTest::losesRecordsSilently()
