@@ -2,7 +2,6 @@
 
 #include "benchmarks/page/Topics.h"
 
-#include <QDebug>
 #include <QJsonDocument>
 #include <QUrl>
 #include <QUrlQuery>
@@ -29,10 +28,6 @@ SocketRoad::SocketRoad(const QString &name)
         qFatal("no port on the loopback interface: %s", qPrintable(m_server.errorString()));
     QObject::connect(&m_server, &QWebSocketServer::newConnection, &m_server, [this] {
         m_socket = m_server.nextPendingConnection();
-        QObject::connect(m_socket, &QWebSocket::disconnected, m_socket, [this] {
-            qWarning() << "DISC" << m_socket->closeCode() << m_socket->closeReason()
-                       << m_socket->errorString();
-        });
         connected();
     });
 }
