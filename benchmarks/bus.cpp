@@ -14,6 +14,7 @@
 
 #include <benchmark/benchmark.h>
 #include <boost/signals2.hpp>
+#include <sigc++/sigc++.h>
 
 #include <vector>
 
@@ -120,6 +121,17 @@ void publishBoostSignal(benchmark::State &state)
         signal(message);
 }
 
+void publishSigcSignal(benchmark::State &state)
+{
+    const Message message(topic(0), attributes());
+    sigc::signal<void(const Message &)> signal;
+    const auto handlers = makeHandlers(state.range(1));
+    for (const auto &handler : handlers)
+        signal.connect([&handler](const Message &received) { handler->handle(received); });
+    for (auto _ : state)
+        signal.emit(message);
+}
+
 // Topics that nobody subscribed to, in turn, in a table of all 96: argument topics.
 
 template <typename Messages>
@@ -129,10 +141,11 @@ void addUnheard(Messages &messages)
         messages.emplace_back(QStringLiteral("nobody.cares.%1").arg(i), attributes());
 }
 
+/// With literals for topics, which are cheaper to copy.
 void unheardDirect(benchmark::State &state)
 {
     std::vector<Message> messages;
-    addUnheard(messages);
+    addMessages(messages, static_cast<int>(state.range(0)));
     const auto handlers = makeHandlers(static_cast<int64_t>(messages.size()));
     std::size_t next = 0;
     for (auto _ : state) {
@@ -229,6 +242,7 @@ BENCHMARK(publishBus)->Name("publish/panorel")->Apply(addArguments);
 BENCHMARK(publishNaive)->Name("publish/naive")->Apply(addArguments);
 BENCHMARK(publishQtSignal)->Name("publish/qt-signal")->Args({96, 1})->Args({96, 16});
 BENCHMARK(publishBoostSignal)->Name("publish/boost-signals2")->Args({96, 1})->Args({96, 16});
+BENCHMARK(publishSigcSignal)->Name("publish/sigc++")->Args({96, 1})->Args({96, 16});
 BENCHMARK(unheardDirect)->Name("unheard/direct")->Arg(96);
 BENCHMARK(unheardBus)->Name("unheard/panorel")->Arg(96);
 BENCHMARK(unheardNaive)->Name("unheard/naive")->Arg(96);

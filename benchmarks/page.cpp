@@ -14,8 +14,10 @@
 
 #include <benchmark/benchmark.h>
 
+#include <cstring>
 #include <ctime>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace {
@@ -38,10 +40,10 @@ Kind &road()
 
 QString textOf(int64_t bytes) { return QString(static_cast<int>(bytes), QLatin1Char('x')); }
 
-/// As many messages as take some tens of milliseconds.
+/// As many messages as take some milliseconds.
 int batchOf(int64_t bytes)
 {
-    constexpr int64_t most = 300;
+    constexpr int64_t most = 100;
     constexpr int64_t bytesOfABatch = 3000000;
     return static_cast<int>(qBound(int64_t{1}, bytesOfABatch / bytes, most));
 }
@@ -154,62 +156,74 @@ void facesPanorel(benchmark::State &state)
     });
 }
 
-void addTiming(benchmark::internal::Benchmark *benchmark)
+/// What a batch takes varies by a third, so small ones are repeated often.
+int repetitionsOf(int64_t bytes, bool isQuick)
 {
-    benchmark->UseManualTime()->Iterations(3)->Unit(benchmark::kMicrosecond);
+    int repetitions = 150;
+    if (bytes > 1000)
+        repetitions = bytes > 1000000 ? 6 : 20;
+    return isQuick ? qMax(3, repetitions / 4) : repetitions;
 }
 
-/// From what a request holds to a large photograph; those above 10 KB are growth.
-void addSizes(benchmark::internal::Benchmark *benchmark)
+using Work = void (*)(benchmark::State &);
+
+benchmark::internal::Benchmark *add(const std::string &name, Work work, int repetitions)
 {
-    for (const int64_t bytes : {100, 1000, 10000, 100000, 1000000, 10000000})
-        benchmark->Arg(bytes);
-    addTiming(benchmark);
+    return benchmark::RegisterBenchmark(name.c_str(), work)
+        ->UseManualTime()
+        ->Iterations(1)
+        ->Repetitions(repetitions)
+        ->Unit(benchmark::kMicrosecond);
 }
 
-void addSmallAndLarge(benchmark::internal::Benchmark *benchmark)
+/// From what a request holds to a photograph.
+void add(const std::string &name, Work work, const std::vector<int64_t> &sizes, bool isQuick)
 {
-    for (const int64_t bytes : {100, 1000, 1000000})
-        benchmark->Arg(bytes);
-    addTiming(benchmark);
+    for (const int64_t bytes : sizes)
+        add(name, work, repetitionsOf(bytes, isQuick))->Arg(bytes);
 }
 
-void addReports(benchmark::internal::Benchmark *benchmark)
+void addAll(bool isQuick)
 {
-    benchmark->Args({20, 5});
-    addTiming(benchmark);
+    const std::vector<int64_t> goals{100, 1000, 1000000};
+    const std::vector<int64_t> growth{100, 1000, 10000, 100000, 1000000, 10000000};
+
+    add("events/raw", events<RawRoad>, growth, isQuick);
+    add("events/panorel", events<PanorelRoad>, growth, isQuick);
+    add("events/naive", events<NaiveRoad>, goals, isQuick);
+    add("events/websocket", events<PlainSocketRoad>, goals, isQuick);
+    add("events/channel-over-websocket", events<SocketChannelRoad>, goals, isQuick);
+    add("events/run-java-script", events<ScriptRoad>, goals, isQuick);
+
+    add("trips/raw", trips<RawRoad>, growth, isQuick);
+    add("trips/panorel", trips<PanorelRoad>, growth, isQuick);
+    add("trips/panorel-with-log", tripsWithLog, goals, isQuick);
+    add("trips/naive", trips<NaiveRoad>, goals, isQuick);
+    add("trips/websocket", trips<PlainSocketRoad>, goals, isQuick);
+    add("trips/channel-over-websocket", trips<SocketChannelRoad>, goals, isQuick);
+
+    const int reports = isQuick ? 10 : 40;
+    add("report/raw", facesRaw, reports)->Args({20, 5});
+    add("report/panorel", facesPanorel, reports)->Args({20, 5});
+    add("report/naive", facesNaive, reports)->Args({20, 5});
 }
 
 } // namespace
 
-BENCHMARK_TEMPLATE(events, RawRoad)->Name("events/raw")->Apply(addSizes);
-BENCHMARK_TEMPLATE(events, PanorelRoad)->Name("events/panorel")->Apply(addSizes);
-BENCHMARK_TEMPLATE(events, NaiveRoad)->Name("events/naive")->Apply(addSmallAndLarge);
-BENCHMARK_TEMPLATE(events, PlainSocketRoad)->Name("events/websocket")->Apply(addSmallAndLarge);
-BENCHMARK_TEMPLATE(events, SocketChannelRoad)
-    ->Name("events/channel-over-websocket")
-    ->Apply(addSmallAndLarge);
-BENCHMARK_TEMPLATE(events, ScriptRoad)->Name("events/run-java-script")->Apply(addSmallAndLarge);
-
-BENCHMARK_TEMPLATE(trips, RawRoad)->Name("trips/raw")->Apply(addSizes);
-BENCHMARK_TEMPLATE(trips, PanorelRoad)->Name("trips/panorel")->Apply(addSizes);
-BENCHMARK_TEMPLATE(trips, NaiveRoad)->Name("trips/naive")->Apply(addSmallAndLarge);
-BENCHMARK_TEMPLATE(trips, PlainSocketRoad)->Name("trips/websocket")->Apply(addSmallAndLarge);
-BENCHMARK_TEMPLATE(trips, SocketChannelRoad)
-    ->Name("trips/channel-over-websocket")
-    ->Apply(addSmallAndLarge);
-BENCHMARK(tripsWithLog)->Name("trips/panorel-with-log")->Apply(addSmallAndLarge);
-
-BENCHMARK(facesRaw)->Name("report/raw")->Apply(addReports);
-BENCHMARK(facesPanorel)->Name("report/panorel")->Apply(addReports);
-BENCHMARK(facesNaive)->Name("report/naive")->Apply(addReports);
-
+/// Takes the options of Google Benchmark and, as the first one, "--quick".
 int main(int argc, char **argv)
 {
     QLoggingCategory::setFilterRules(QStringLiteral("panorel.debug=false"));
+    const bool isQuick = argc > 1 && std::strcmp(argv[1], "--quick") == 0;
+    if (isQuick) {
+        argv[1] = argv[0];
+        ++argv;
+        --argc;
+    }
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 2;
+    addAll(isQuick);
     const QApplication app(argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     openRoads.clear();

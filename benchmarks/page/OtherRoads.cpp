@@ -5,6 +5,7 @@
 #include <QJsonDocument>
 #include <QUrl>
 #include <QUrlQuery>
+#include <QWebEnginePage>
 #include <QWebSocket>
 
 namespace {
@@ -24,6 +25,7 @@ QJsonObject objectOf(const QString &text)
 SocketRoad::SocketRoad(const QString &name)
     : Road(QStringLiteral("road=") + name)
 {
+    m_view.setPage(new QWebEnginePage(&m_profile, &m_view));
     if (!m_server.listen(QHostAddress::LocalHost))
         qFatal("no port on the loopback interface: %s", qPrintable(m_server.errorString()));
     QObject::connect(&m_server, &QWebSocketServer::newConnection, &m_server, [this] {

@@ -3,6 +3,7 @@
 #include "benchmarks/page/ChannelRoads.h"
 
 #include <QWebChannelAbstractTransport>
+#include <QWebEngineProfile>
 #include <QWebSocketServer>
 
 class QWebSocket;
@@ -28,6 +29,8 @@ protected:
 
 private:
     QWebSocketServer m_server{QStringLiteral("bench"), QWebSocketServer::NonSecureMode};
+    // Not shared: what clears a profile's cache, as the library does, cuts its connections.
+    QWebEngineProfile m_profile;
     QWebEngineView m_view;
     QWebSocket *m_socket = nullptr; // child of the server
     QJsonObject m_event;

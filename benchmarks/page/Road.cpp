@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int timeoutMs = 60000;
+constexpr int timeoutMs = 20000;
 
 template <typename Condition>
 bool waitFor(Condition condition)
