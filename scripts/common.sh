@@ -1,4 +1,4 @@
-# Shared by run.sh and test.sh: what both need before a build. Sourced, never run.
+# Shared by run.sh, test.sh and scripts/bench.sh: what they need before a build. Sourced, never run.
 
 say() { printf '%s: %s\n' "$(basename "$0")" "$*" >&2; }
 
@@ -7,18 +7,20 @@ fail() {
     exit 1
 }
 
-# Installs the Debian packages of scripts/debian-packages.txt that are missing.
+# Installs the Debian packages of scripts/debian-packages.txt that are missing, and further ones:
+# install_packages [package...]
 install_packages() {
     local list="$root/scripts/debian-packages.txt" missing=() package
     if ! command -v dpkg-query > /dev/null; then
-        say "this is no Debian system: install what $list names by hand, then call again with --no-install."
+        say "this is no Debian system: install what $list names${*:+, and $*,} by hand," \
+            "then call again with --no-install."
         exit 1
     fi
     while read -r package; do
         case "$package" in '' | '#'*) continue ;; esac
         dpkg-query -W -f '${Status}\n' "$package" 2> /dev/null | grep -q '^install ok installed$' \
             || missing+=("$package")
-    done < "$list"
+    done < <(cat "$list" && printf '%s\n' "$@")
     [ ${#missing[@]} -eq 0 ] && return
 
     local become=()
