@@ -11,6 +11,7 @@
 #include <QUuid>
 
 #include <cmath>
+#include <initializer_list>
 
 namespace panorel {
 
@@ -25,11 +26,30 @@ QString actionsText(const Replica &replica)
     return texts.join(QLatin1Char(','));
 }
 
+/// A map with the keys of @p form, and with values that come by the order of these keys. Nothing is
+/// looked up, which matters for what the camera reports many times a second.
+QVariantMap filled(const QVariantMap &form, std::initializer_list<QVariant> values)
+{
+    QVariantMap map = form;
+    auto field = map.begin();
+    for (const QVariant &value : values)
+        *field++ = value;
+    return map;
+}
+
+QVariantMap formOf(std::initializer_list<QString> keys)
+{
+    QVariantMap form;
+    for (const QString &key : keys)
+        form.insert(key, QVariant());
+    return form;
+}
+
 QVariantMap toMap(const FaceInfo::FaceScore &match)
 {
-    return {{QStringLiteral("type"), match.type},
-            {QStringLiteral("id"), match.id},
-            {QStringLiteral("score"), match.score}};
+    static const QVariantMap form =
+        formOf({QStringLiteral("id"), QStringLiteral("score"), QStringLiteral("type")});
+    return filled(form, {match.id, match.score, match.type});
 }
 
 unsigned readIdNumber(const QJsonValue &value)
@@ -98,14 +118,13 @@ QVariantMap toMap(const FaceInfo &face)
     for (const FaceInfo::FaceScore &score : scores)
         matches.insert(randomKey(), toMap(score));
 
-    return {{QStringLiteral("type"), static_cast<int>(face.type())},
-            {QStringLiteral("is_tracking"), face.isTracking()},
-            {QStringLiteral("id_track"), face.idTrack()},
-            {QStringLiteral("id"), face.id()},
-            {QStringLiteral("gender"), static_cast<int>(face.gender())},
-            {QStringLiteral("age"), face.age()},
-            {QStringLiteral("emotion"), face.emotion()},
-            {QStringLiteral("matches"), matches}};
+    static const QVariantMap form =
+        formOf({QStringLiteral("age"), QStringLiteral("emotion"), QStringLiteral("gender"),
+                QStringLiteral("id"), QStringLiteral("id_track"), QStringLiteral("is_tracking"),
+                QStringLiteral("matches"), QStringLiteral("type")});
+    return filled(form,
+                  {face.age(), face.emotion(), static_cast<int>(face.gender()), face.id(),
+                   face.idTrack(), face.isTracking(), matches, static_cast<int>(face.type())});
 }
 
 QVariantMap toMap(const QVector<QSharedPointer<FaceInfo>> &faces)
