@@ -190,7 +190,7 @@ void addAll(bool isQuick)
 
     add("events/raw", events<RawRoad>, growth, isQuick);
     add("events/panorel", events<PanorelRoad>, growth, isQuick);
-    add("events/naive", events<NaiveRoad>, goals, isQuick);
+    add("events/naive", events<NaiveRoad>, growth, isQuick);
     add("events/websocket", events<PlainSocketRoad>, goals, isQuick);
     add("events/channel-over-websocket", events<SocketChannelRoad>, goals, isQuick);
     add("events/run-java-script", events<ScriptRoad>, goals, isQuick);
@@ -198,7 +198,7 @@ void addAll(bool isQuick)
     add("trips/raw", trips<RawRoad>, growth, isQuick);
     add("trips/panorel", trips<PanorelRoad>, growth, isQuick);
     add("trips/panorel-with-log", tripsWithLog, goals, isQuick);
-    add("trips/naive", trips<NaiveRoad>, goals, isQuick);
+    add("trips/naive", trips<NaiveRoad>, growth, isQuick);
     add("trips/websocket", trips<PlainSocketRoad>, goals, isQuick);
     add("trips/channel-over-websocket", trips<SocketChannelRoad>, goals, isQuick);
 

@@ -3,7 +3,7 @@
 if(NOT CLANG_FORMAT)
   message(FATAL_ERROR "clang-format is missing; install it and configure again.")
 endif()
-foreach(folder host panorel simulator tests examples)
+foreach(folder host panorel simulator tests examples benchmarks)
   file(GLOB_RECURSE found ${ROOT}/${folder}/*.cpp ${ROOT}/${folder}/*.h)
   list(APPEND files ${found})
 endforeach()
