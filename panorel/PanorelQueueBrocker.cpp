@@ -188,9 +188,10 @@ void PanorelQueueBrocker::deliver(const Message &message, Subscribers *subscribe
 {
     const DeliveryScope delivery(this);
     const ReadingScope reading(subscribers);
+    const Message own(message); // a handler may be the end of the publisher's
     for (MessageHandler *handler : subscribers->handlers) {
         if (handler)
-            handler->handle(message);
+            handler->handle(own);
     }
 }
 
@@ -224,6 +225,8 @@ void PanorelQueueBrocker::change(const QString &topic, Change change)
 void PanorelQueueBrocker::subscribe(QString topic, MessageHandler *handler)
 {
     qCDebug(lcPanorel) << "Subsctribe default handler" << topic;
+    if (m_cleared.removeOne(handler))
+        handler->m_retired = false; // cleared in this delivery, and wanted again
     change(topic, [handler](auto &handlers) { handlers.push_back(handler); });
 }
 

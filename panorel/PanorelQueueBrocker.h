@@ -24,6 +24,9 @@ namespace panorel {
 /// stays alive until the event loop has turned, too. So none dies inside its own code, and none of
 /// the objects that it owns inside its own signal. Only deleting the broker itself has to wait until
 /// no handler is running.
+///
+/// A handler that is subscribed again in the delivery in which it was cleared lives on. One that
+/// another handler unsubscribes during a delivery still gets the message: keep it alive until then.
 class PANOREL_EXPORT PanorelQueueBrocker : public MessageQueueBrocker
 {
 public:

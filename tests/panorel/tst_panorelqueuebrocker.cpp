@@ -98,6 +98,8 @@ private Q_SLOTS:
     void followsTheSubscribersOfATopic();
     void passesOverATopicWithoutHandlers();
     void deliversTheSameMessage();
+    void deliversAMessageThatAHandlerDestroys();
+    void callsAnOnlyHandlerThatDeletesItself();
     void callsACallable();
     void passesOverAnEmptyCallable();
     void passesOverANullHandler();
@@ -128,6 +130,8 @@ private Q_SLOTS:
     void clearInTheFirstOfTwoHandlers();
     void clearInTheOnlyCallable();
     void clearTwiceInOneDelivery();
+    void clearTwiceWithAHandlerThatSubscribesAgain();
+    void keepsAHandlerThatSubscribesAgainAfterAClear();
     void clearWaitsForTheOutermostDelivery();
     void clearWaitsForNestedEventLoops();
     void destructorDeletesWhatStillWaits();
@@ -282,6 +286,41 @@ void PanorelQueueBrockerTest::deliversTheSameMessage()
         QCOMPARE(message.type(), sent.type());
         QCOMPARE(message.attributes(), sent.attributes());
     }
+}
+
+void PanorelQueueBrockerTest::deliversAMessageThatAHandlerDestroys()
+{
+    auto sent = std::make_unique<Message>(topicA);
+    const QUuid id = sent->id();
+    QUuid received;
+    m_brocker->subscribe(topicA, [&sent](const Message &) { sent.reset(); });
+    m_brocker->subscribe(topicA, [&received](const Message &m) { received = m.id(); });
+    m_brocker->publish(*sent);
+    QCOMPARE(received, id);
+}
+
+void PanorelQueueBrockerTest::callsAnOnlyHandlerThatDeletesItself()
+{
+    class Mortal : public panorel::MessageHandler
+    {
+    public:
+        explicit Mortal(PanorelQueueBrocker *brocker)
+            : m_brocker(brocker)
+        { }
+        void handle(Message message) override
+        {
+            m_brocker->unSubscribe(message.type(), this);
+            delete this;
+        }
+
+    private:
+        PanorelQueueBrocker *m_brocker;
+    };
+    m_brocker->subscribe(topicA, new Mortal(m_brocker.get()));
+    m_brocker->publish(Message(topicA));
+    m_brocker->subscribe(topicA, new CountedHandler(note(QStringLiteral("next"))));
+    m_brocker->publish(Message(topicA));
+    QCOMPARE(takeOrder(), QStringList({QStringLiteral("next")}));
 }
 
 void PanorelQueueBrockerTest::callsACallable()
@@ -633,6 +672,40 @@ void PanorelQueueBrockerTest::clearTwiceInOneDelivery()
     m_brocker->publish(Message(topicA));
     QCOMPARE(CountedHandler::count(), 2);
     turnEventLoop();
+    QCOMPARE(CountedHandler::count(), 0);
+}
+
+void PanorelQueueBrockerTest::clearTwiceWithAHandlerThatSubscribesAgain()
+{
+    CountedHandler *handler = nullptr;
+    handler = new CountedHandler([this, &handler](const Message &) {
+        m_brocker->clear();
+        m_brocker->subscribe(topicB, handler);
+        m_brocker->clear();
+    });
+    m_brocker->subscribe(topicA, handler);
+    m_brocker->publish(Message(topicA));
+    turnEventLoop();
+    QCOMPARE(CountedHandler::count(), 0);
+}
+
+void PanorelQueueBrockerTest::keepsAHandlerThatSubscribesAgainAfterAClear()
+{
+    CountedHandler *handler = nullptr;
+    handler = new CountedHandler([this, &handler](const Message &message) {
+        note(message.type())(message);
+        if (message.type() != topicA)
+            return;
+        m_brocker->clear();
+        m_brocker->subscribe(topicB, handler);
+        m_brocker->subscribe(topicB, handler);
+    });
+    m_brocker->subscribe(topicA, handler);
+    m_brocker->publish(Message(topicA));
+    turnEventLoop();
+    m_brocker->publish(Message(topicB));
+    QCOMPARE(takeOrder(), QStringList({topicA, topicB, topicB}));
+    m_brocker->clear();
     QCOMPARE(CountedHandler::count(), 0);
 }
 
