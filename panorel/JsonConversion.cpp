@@ -48,6 +48,8 @@ public:
         }
         if (form.object.isEmpty())
             form.object = withoutValues(map);
+        if (form.object.size() != map.size())
+            return fieldByField(map, depth); // it holds a key twice
         return filled(form.object, map, depth);
     }
 

@@ -30,6 +30,7 @@ QString actionsText(const Replica &replica)
 /// looked up, which matters for what the camera reports many times a second.
 QVariantMap filled(const QVariantMap &form, std::initializer_list<QVariant> values)
 {
+    Q_ASSERT(static_cast<std::size_t>(form.size()) == values.size());
     QVariantMap map = form;
     auto field = map.begin();
     for (const QVariant &value : values)

@@ -43,6 +43,7 @@ private Q_SLOTS:
     void writesTheEnvelope();
     void writesEachKindOfAttribute_data();
     void writesEachKindOfAttribute();
+    void writesARepeatedKeyOnce();
     void envelopeWinsOverAttributes();
     void keepsTheIdAmongTheAttributes();
     void readsAnEnvelopeWithABadId();
@@ -160,6 +161,23 @@ void MessageTest::writesEachKindOfAttribute()
     const QJsonObject envelope = Message(someTopic, {{QStringLiteral("value"), value}}).toJson();
     const QJsonArray written{envelope.value(QStringLiteral("value"))};
     QCOMPARE(QJsonDocument(written).toJson(QJsonDocument::Compact), json);
+}
+
+void MessageTest::writesARepeatedKeyOnce()
+{
+    QMultiMap<QString, QVariant> twice;
+    for (const char *key : {"a", "b", "b", "c"})
+        twice.insert(QString::fromLatin1(key), QString::fromLatin1(key));
+    const QVariantMap record = twice;
+    const QVariantList records{record, record, record};
+    const QJsonObject written{{QStringLiteral("a"), QStringLiteral("a")},
+                              {QStringLiteral("b"), QStringLiteral("b")},
+                              {QStringLiteral("c"), QStringLiteral("c")}};
+    QCOMPARE(Message(QStringLiteral("t"), {{QStringLiteral("list"), records}})
+                 .toJson()
+                 .value(QStringLiteral("list"))
+                 .toArray(),
+             (QJsonArray{written, written, written}));
 }
 
 void MessageTest::envelopeWinsOverAttributes()
