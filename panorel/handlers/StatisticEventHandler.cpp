@@ -106,8 +106,8 @@ void StatisticEventHandler::handle(Message message)
     }
 }
 
-/// Finding the local date costs more than writing the records. It changes only with a quarter of an
-/// hour: every time zone is a multiple of that away from UTC.
+/// Finding the local date costs more than writing the records. Unless somebody sets the time zone, it
+/// changes only with a quarter of an hour: zones are multiples of that away from UTC.
 const QString &StatisticEventHandler::currentFolder()
 {
     const qint64 quarter = std::time(nullptr) / (15 * 60);

@@ -22,6 +22,9 @@ public:
     /// next record on.
     void setPeriodicity(const QString &periodicity);
 
+    /// Writes into the folder of the current local date; a changed time zone counts within a quarter
+    /// of an hour.
+    ///
     /// "topic": names the file, and nothing is written when it is empty or holds '/', '\' or NUL;
     /// "data": list of texts, appended as UTF-8 without anything between them.
     void handle(Message message) override;
