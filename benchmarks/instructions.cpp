@@ -5,7 +5,7 @@
 //   panorel-bench-instructions --about    what the counts depend on: name=value, one a line
 //   panorel-bench-instructions WORK       does it; started under callgrind with --instr-atstart=no
 //
-// Hash seeds are the caller's to fix (QT_HASH_SEED).
+// Qt draws a hash seed for each process, which moves a count by 1 %.
 
 #include "benchmarks/FaceReport.h"
 #include "benchmarks/Handlers.h"

@@ -10,7 +10,6 @@
 
 #include <QDir>
 #include <QJsonObject>
-#include <QLoggingCategory>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
@@ -97,13 +96,3 @@ BENCHMARK(envelopePanorel)->Name("envelope/panorel")->Apply(addReports);
 BENCHMARK(envelopeNaive)->Name("envelope/naive")->Apply(addReports);
 BENCHMARK(statisticsPanorel)->Name("statistics/panorel")->Args({10, 100});
 BENCHMARK(statisticsByHand)->Name("statistics/by-hand")->Args({10, 100});
-
-int main(int argc, char **argv)
-{
-    QLoggingCategory::setFilterRules(QStringLiteral("panorel.debug=false"));
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 2;
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

@@ -64,7 +64,7 @@ machine() {
     qt=$(sed -n 's/^Qt5Core_DIR:[A-Z]*=//p' "$build/CMakeCache.txt")/Qt5CoreConfigVersion.cmake
     qt=$(sed -n 's/^set(PACKAGE_VERSION \(.*\))$/\1/p' "$qt")
     printf '%s, %s cores; %s; Qt %s; %s; %s; load average %s' \
-        "${processor:-$(uname -m)}" "$(nproc)" "${compiler/$'\n'/ }" "$qt" "$(uname -sr)" \
+        "${processor:-$(uname -m)}" "$(nproc)" "${compiler/$'\n'/ }" "$qt" "$(uname -sr | cut -d. -f1,2)" \
         "$(LC_ALL=C date '+%-d %B %Y')" "$1"
 }
 
@@ -84,9 +84,10 @@ trap 'exit 130' INT
 trap 'exit 143' TERM
 
 failed=0
-# measure NAME PROGRAM [OPTION...]: runs one of the programs, in the background so that Ctrl-C is heard at once; "timeout" makes it
-# and the web engine's processes a group of their own. A home and a folder for temporary files of
-# its own keep it from what is the user's, and a sound server that is not there from starting one.
+# measure NAME PROGRAM [OPTION...]: runs one of the programs, in the background so that Ctrl-C is heard
+# at once; "timeout" makes it and the web engine's processes a group of their own. A home and a folder
+# for temporary files of its own keep it from what is the user's, and a sound server that is not there
+# from starting one.
 measure() {
     local name=$1 program=panorel-bench-$2 status=0 begun=$SECONDS
     shift 2
