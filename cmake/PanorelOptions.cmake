@@ -11,6 +11,11 @@ option(PANOREL_BUILD_SIMULATOR "Build the robot on a desk" ${PANOREL_TOP_LEVEL})
 option(PANOREL_BUILD_EXAMPLES "Build the numbered examples" ${PANOREL_TOP_LEVEL})
 option(PANOREL_BUILD_TESTS "Build the tests" ${PANOREL_TOP_LEVEL})
 option(PANOREL_BUILD_BENCHMARKS "Build the benchmarks" OFF)
+if(PANOREL_TOP_LEVEL AND NOT PANOREL_HOST_TARGET)
+  option(PANOREL_INSTALL "Install libraries, headers and the simulator" ON)
+else()
+  option(PANOREL_INSTALL "Install libraries, headers and the simulator" OFF)
+endif()
 option(PANOREL_WERROR "Treat warnings as errors" OFF)
 set(PANOREL_SANITIZE "" CACHE STRING "Sanitizers to build with, such as address,undefined")
 
@@ -21,6 +26,11 @@ endif()
 if(PANOREL_BUILD_EXAMPLES AND NOT PANOREL_BUILD_SIMULATOR)
   message(FATAL_ERROR "The examples need the simulator's robot core: set PANOREL_BUILD_SIMULATOR "
     "to ON, or PANOREL_BUILD_EXAMPLES to OFF.")
+endif()
+
+if(PANOREL_INSTALL AND PANOREL_HOST_TARGET)
+  message(FATAL_ERROR "Set PANOREL_INSTALL to OFF: a platform with headers of its own "
+    "(PANOREL_HOST_TARGET) installs the library with them.")
 endif()
 
 # Link this privately to every target of the project; it never reaches a user's target.

@@ -32,10 +32,12 @@ PageAddress::PageAddress(const QString &text)
 void PageAddress::findSample()
 {
     const QDir program(QCoreApplication::applicationDirPath());
+    // An installed program shows what was installed with it.
+    const QString source = QStringLiteral(PANOREL_SAMPLE_PAGE);
     const QStringList folders = {
-        QStringLiteral(PANOREL_SAMPLE_PAGE),
-        program.filePath(QStringLiteral("../../../simulator/pages/sample")),
         program.filePath(QStringLiteral("../share/panorel/pages/sample")),
+        source,
+        program.filePath(QStringLiteral("../../../simulator/pages/sample")),
     };
     for (const QString &folder : folders) {
         const QFileInfo index(QDir(folder).filePath(QLatin1String(indexFile)));
@@ -46,7 +48,7 @@ void PageAddress::findSample()
     }
     m_error = QStringLiteral("The sample page is not there; it is looked for in %1.\n"
                              "Name a page of your own with --page.")
-                  .arg(QDir::cleanPath(folders.constFirst()));
+                  .arg(QDir::cleanPath(source));
 }
 
 void PageAddress::findFile(const QString &path)

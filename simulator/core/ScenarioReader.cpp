@@ -39,15 +39,15 @@ ScenarioReader::ScenarioReader(const QString &path)
 QString ScenarioReader::findSample()
 {
     const QString source = QStringLiteral(PANOREL_SAMPLE_SCENARIO);
-    if (QFileInfo(source).isFile())
-        return source;
     const QDir program(QCoreApplication::applicationDirPath());
-    const QStringList others = {
-        program.filePath(QStringLiteral("../../../simulator/scenarios/reception.json")),
+    // An installed program speaks what was installed with it.
+    const QStringList files = {
         program.filePath(QStringLiteral("../share/panorel/scenarios/reception.json")),
+        source,
+        program.filePath(QStringLiteral("../../../simulator/scenarios/reception.json")),
         program.filePath(QStringLiteral("reception.json")),
     };
-    for (const QString &file : others) {
+    for (const QString &file : files) {
         if (QFileInfo(file).isFile())
             return QFileInfo(file).canonicalFilePath();
     }
