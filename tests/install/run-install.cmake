@@ -1,12 +1,7 @@
 # Installs into an empty folder, moves that, and builds and runs an outside host with what is there.
 
 file(REMOVE_RECURSE ${BINARY})
-function(run)
-  execute_process(COMMAND ${ARGN} RESULT_VARIABLE result)
-  if(NOT result EQUAL 0)
-    message(FATAL_ERROR "Failed (${result}): ${ARGN}")
-  endif()
-endfunction()
+include(${CMAKE_CURRENT_LIST_DIR}/../support/Run.cmake)
 
 run(${CMAKE_COMMAND} --install ${PROJECT_BINARY} --prefix ${BINARY}/first)
 file(RENAME ${BINARY}/first ${BINARY}/installed)
