@@ -32,6 +32,16 @@ void addMessages(Messages &messages, int topics)
         messages.emplace_back(topic(i), attributes());
 }
 
+template <typename Bus, typename Messages>
+void publishInTurn(benchmark::State &state, Bus &bus, const Messages &messages)
+{
+    std::size_t next = 0;
+    for (auto _ : state) {
+        bus.publish(messages[next]);
+        next = next + 1 < messages.size() ? next + 1 : 0;
+    }
+}
+
 // One topic after the other, each with so many handlers: arguments topics, handlers.
 
 void publishDirect(benchmark::State &state)
@@ -58,11 +68,7 @@ void publishBus(benchmark::State &state)
     for (const Message &message : messages)
         for (int i = 0; i < state.range(1); ++i)
             bus.subscribe(message.type(), makeHandler().release());
-    std::size_t next = 0;
-    for (auto _ : state) {
-        bus.publish(messages[next]);
-        next = next + 1 < messages.size() ? next + 1 : 0;
-    }
+    publishInTurn(state, bus, messages);
 }
 
 /// Messages whose topics share no text with those that were subscribed to, as a page's.
@@ -75,11 +81,7 @@ void publishOtherTexts(benchmark::State &state)
         for (int handler = 0; handler < state.range(1); ++handler)
             bus.subscribe(topic(i), makeHandler().release());
     }
-    std::size_t next = 0;
-    for (auto _ : state) {
-        bus.publish(messages[next]);
-        next = next + 1 < messages.size() ? next + 1 : 0;
-    }
+    publishInTurn(state, bus, messages);
 }
 
 void publishNaive(benchmark::State &state)
@@ -93,11 +95,7 @@ void publishNaive(benchmark::State &state)
             handlers.push_back(makeNaiveHandler());
             bus.subscribe(message.type(), handlers.back().get());
         }
-    std::size_t next = 0;
-    for (auto _ : state) {
-        bus.publish(messages[next]);
-        next = next + 1 < messages.size() ? next + 1 : 0;
-    }
+    publishInTurn(state, bus, messages);
 }
 
 std::vector<std::unique_ptr<MessageHandler>> makeHandlers(int64_t count)
@@ -177,11 +175,7 @@ void unheardBus(benchmark::State &state)
         bus.subscribe(topic(i), makeHandler().release());
     std::vector<Message> messages;
     addUnheard(messages);
-    std::size_t next = 0;
-    for (auto _ : state) {
-        bus.publish(messages[next]);
-        next = next + 1 < messages.size() ? next + 1 : 0;
-    }
+    publishInTurn(state, bus, messages);
 }
 
 void unheardNaive(benchmark::State &state)
@@ -192,11 +186,7 @@ void unheardNaive(benchmark::State &state)
         bus.subscribe(topic(i), handler.get());
     std::vector<naive::Message> messages;
     addUnheard(messages);
-    std::size_t next = 0;
-    for (auto _ : state) {
-        bus.publish(messages[next]);
-        next = next + 1 < messages.size() ? next + 1 : 0;
-    }
+    publishInTurn(state, bus, messages);
 }
 
 // Making a message.
