@@ -68,4 +68,6 @@ fi
 [ -n "$screenshot" ] || say "no display: running under Xvfb, unseen. Try --screenshot FILE; Ctrl+C ends."
 export QT_QPA_PLATFORM=xcb QT_QUICK_BACKEND=software
 export QTWEBENGINE_CHROMIUM_FLAGS="${QTWEBENGINE_CHROMIUM_FLAGS:---disable-gpu}"
-exec xvfb-run -a -s '-screen 0 1280x800x24' "$simulator" "${arguments[@]}"
+# The display's password stays in the private folder: a folder that xvfb-run makes for it may fail to
+# go away, and then its status takes the simulator's place.
+exec xvfb-run -a -f "$XDG_RUNTIME_DIR/panorel-xvfb.authority" -s '-screen 0 1280x800x24' "$simulator" "${arguments[@]}"

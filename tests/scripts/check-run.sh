@@ -23,7 +23,7 @@ grep -q -- '--no-such-option.*--help' <<< "$message" || fail "no help about an u
 status=0
 message=$("$root/run.sh" --no-install --preset "$preset" --page no-such-page --screenshot x.png 2>&1) \
     || status=$?
-[ "$status" -eq 1 ] || fail "a page that is not there ends with $status instead of 1"
+[ "$status" -eq 1 ] || fail "a page that is not there ends with $status instead of 1: $message"
 grep -q 'no-such-page' <<< "$message" || fail "no word about the page that is not there: $message"
 
 # A relative path is the caller's.
