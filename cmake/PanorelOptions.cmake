@@ -42,6 +42,7 @@ target_compile_definitions(panorel-build-options INTERFACE
   QT_NO_CAST_FROM_BYTEARRAY
   QT_NO_URL_CAST_FROM_STRING
   QT_DEPRECATED_WARNINGS
+  QT_DISABLE_DEPRECATED_BEFORE=0x050F00
   QT_MESSAGELOGCONTEXT
 )
 target_compile_options(panorel-build-options INTERFACE
