@@ -16,6 +16,8 @@ sample page and, beside it, the robot. Without a display the same runs under Xvf
                       PNG of the whole window to FILE, and end
   --page PAGE         show this page instead: a file, a folder with an index.html, or an address
   --scenario FILE     let the robot say and understand what this JSON file describes
+  --without LIST      let the robot lack devices: printer, dispenser, passport-scanner,
+                      document-scanner, keyboard, users; separated by commas
   --demo              play a short visit: somebody comes, talks to the robot, answers a question
   --speed FACTOR      let the robot act FACTOR times as fast (2: twice)
   --data FOLDER       keep whom the robot knows in FOLDER; default: your own data folder
@@ -48,7 +50,7 @@ while [ $# -gt 0 ]; do
             ;;
         --page) value_of "$@"; arguments+=("$1" "$(absolute "$2")"); shift 2 ;;
         --scenario) value_of "$@"; arguments+=("$1" "$(absolute "$2")"); shift 2 ;;
-        --speed | --data) value_of "$@"; arguments+=("$1" "$2"); shift 2 ;;
+        --speed | --data | --without) value_of "$@"; arguments+=("$1" "$2"); shift 2 ;;
         --demo | --log) arguments+=("$1"); shift ;;
         *) say "unknown option $1; see ./run.sh --help."; exit 2 ;;
     esac

@@ -11,7 +11,7 @@ fail() {
 
 # Every option that the help names is understood, and the help names them all.
 help=$("$root/run.sh" --help)
-for option in --screenshot --page --scenario --demo --speed --data --log --preset --no-install --help; do
+for option in --screenshot --page --scenario --without --demo --speed --data --log --preset --no-install --help; do
     grep -q -- "  $option" <<< "$help" || fail "the help does not tell of $option"
 done
 
@@ -30,7 +30,7 @@ grep -q 'no-such-page' <<< "$message" || fail "no word about the page that is no
 mkdir -p "$work/shots"
 cd "$work/shots"
 rm -rf shot.png data
-"$root/run.sh" --no-install --preset "$preset" --speed 4 --data data \
+"$root/run.sh" --no-install --preset "$preset" --speed 4 --data data --without keyboard \
     --screenshot shot.png 2> run.log \
     || fail "no screenshot: $(cat run.log)"
 [ -s data/users.sqlite ] || fail "no data in the folder that --data names"
