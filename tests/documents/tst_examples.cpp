@@ -44,8 +44,10 @@ private:
 private Q_SLOTS:
     void readmeHostAndReadmePageTalk();
     void publishAndSubscribe();
-    void loadAPage();
-    void loadAPageWantsAPage();
+    void pages_data();
+    void pages();
+    void eachWantsAPage_data();
+    void eachWantsAPage();
 };
 
 void ExamplesTest::readmeHostAndReadmePageTalk()
@@ -57,7 +59,7 @@ void ExamplesTest::readmeHostAndReadmePageTalk()
 void ExamplesTest::publishAndSubscribe()
 {
     QProcess process;
-    process.start(QStringLiteral(EXAMPLE_PUBLISH), QStringList());
+    process.start(QStringLiteral(EXAMPLES "01-publish-and-subscribe"), QStringList());
     QVERIFY(process.waitForFinished(timeoutMs));
     QCOMPARE(process.exitCode(), 0);
     const QList<QByteArray> lines = process.readAllStandardOutput().trimmed().split('\n');
@@ -69,16 +71,40 @@ void ExamplesTest::publishAndSubscribe()
     QCOMPARE(json.value(QStringLiteral("text")).toString(), QStringLiteral("Good morning!"));
 }
 
-void ExamplesTest::loadAPage()
+void ExamplesTest::pages_data()
 {
-    outputUntil(QStringLiteral(EXAMPLE_LOAD), {QStringLiteral(EXAMPLE_LOAD_PAGE)},
-                "the page says: floor 3");
+    QTest::addColumn<QByteArrayList>("lines");
+
+    QTest::newRow("02-show-a-page") << QByteArrayList({"My name is "});
+    QTest::newRow("03-a-topic-of-your-own") << QByteArrayList({"On sunday: closed."});
+    QTest::newRow("04-a-handler-of-your-own")
+        << QByteArrayList({"2 visitors so far.", "5 visitors so far."});
+    QTest::newRow("05-a-robot-core-of-your-own")
+        << QByteArrayList({"Here is your card.", "Here is your card.", "No cards are left.",
+                           "This robot has no printer."});
 }
 
-void ExamplesTest::loadAPageWantsAPage()
+void ExamplesTest::pages()
+{
+    QFETCH(QByteArrayList, lines);
+    const QString name = QString::fromLatin1(QTest::currentDataTag());
+    const QString page = QStringLiteral(EXAMPLE_PAGES) + name + QStringLiteral("/page.html");
+    const QByteArray output =
+        outputUntil(QStringLiteral(EXAMPLES) + name, {page}, lines.constLast());
+    int from = 0;
+    for (const QByteArray &line : qAsConst(lines)) {
+        from = output.indexOf(line, from) + line.size();
+        QVERIFY2(from >= line.size(), output.constData());
+    }
+}
+
+void ExamplesTest::eachWantsAPage_data() { pages_data(); }
+
+void ExamplesTest::eachWantsAPage()
 {
     QProcess process;
-    process.start(QStringLiteral(EXAMPLE_LOAD), QStringList());
+    process.start(QStringLiteral(EXAMPLES) + QString::fromLatin1(QTest::currentDataTag()),
+                  QStringList());
     QVERIFY(process.waitForFinished(timeoutMs));
     QCOMPARE(process.exitCode(), 2);
     QVERIFY(process.readAllStandardError().contains("Usage"));

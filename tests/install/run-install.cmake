@@ -8,7 +8,7 @@ file(RENAME ${BINARY}/first ${BINARY}/installed)
 set(prefix ${BINARY}/installed)
 
 run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${SOURCE}/host -B ${BINARY}/host
-  -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_FIND_USE_PACKAGE_REGISTRY=OFF -DSERVICES=${SERVICES}
+  -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_FIND_USE_PACKAGE_REGISTRY=OFF -DEXAMPLE=${EXAMPLE}
   -DCMAKE_CXX_STANDARD=17 -DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER})
 run(${CMAKE_COMMAND} --build ${BINARY}/host)
 run(${BINARY}/host/outside-host ${SOURCE}/host/page.html)
@@ -18,11 +18,23 @@ set(ENV{PKG_CONFIG_PATH} ${prefix}/${LIBRARIES}/pkgconfig)
 execute_process(COMMAND pkgconf --cflags --libs panorel OUTPUT_VARIABLE flags
   OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
 separate_arguments(flags UNIX_COMMAND "${flags}")
-run(${LAUNCHER} ${COMPILER} -std=c++17 -fPIC -c ${SOURCE}/host/main.cpp -o ${BINARY}/main.o ${flags})
-run(${LAUNCHER} ${COMPILER} -std=c++17 -fPIC -c ${SERVICES} -o ${BINARY}/services.o ${flags})
-run(${COMPILER} ${BINARY}/main.o ${BINARY}/services.o -o ${BINARY}/outside-host ${flags}
+foreach(source ${SOURCE}/host/main.cpp ${EXAMPLE}/CardDispenser.cpp ${EXAMPLE}/Robot.cpp
+    ${EXAMPLE}/Services.cpp)
+  cmake_path(GET source STEM name)
+  run(${LAUNCHER} ${COMPILER} -std=c++17 -fPIC -I${EXAMPLE} -c ${source} -o ${BINARY}/${name}.o ${flags})
+  list(APPEND objects ${BINARY}/${name}.o)
+endforeach()
+run(${COMPILER} ${objects} -o ${BINARY}/outside-host ${flags}
   -Wl,-rpath,${prefix}/${LIBRARIES})
 run(${BINARY}/outside-host ${SOURCE}/host/page.html)
+
+# The example that is there to be copied builds where it lands.
+file(COPY ${EXAMPLE} DESTINATION ${BINARY})
+cmake_path(GET EXAMPLE FILENAME copy)
+run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${BINARY}/${copy} -B ${BINARY}/my-screen
+  -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_FIND_USE_PACKAGE_REGISTRY=OFF
+  -DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER})
+run(${CMAKE_COMMAND} --build ${BINARY}/my-screen)
 
 # The simulator finds its libraries, its page and its scenario where they were installed...
 function(run_simulator prefix)
@@ -40,8 +52,26 @@ run_simulator(${prefix})
 # ... and from Debian packages, in a root of their own.
 execute_process(COMMAND ${CMAKE_CPACK_COMMAND} -B ${BINARY}/packages
   WORKING_DIRECTORY ${PROJECT_BINARY} OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+function(expect_field package field pattern)
+  execute_process(COMMAND dpkg-deb -f ${file} ${field} OUTPUT_VARIABLE value
+    OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+  if(NOT value MATCHES "${pattern}")
+    message(FATAL_ERROR "${package} has ${field} \"${value}\", which is not ${pattern}.")
+  endif()
+endfunction()
 foreach(package libpanorel1 libpanorel-dev panorel-simulator)
   file(GLOB file ${BINARY}/packages/${package}_*.deb)
+  expect_field(${package} Package "^${package}$")
+  expect_field(${package} Version "^${VERSION}")
+  expect_field(${package} Architecture "^[a-z0-9]+$")
+  expect_field(${package} Maintainer "<.+@.+>")
+  expect_field(${package} Description "^[A-Z]")
+  if(package STREQUAL "libpanorel1")
+    expect_field(${package} Depends "libqt5webenginewidgets5")
+    expect_field(${package} Recommends "libqt5multimedia5-plugins")
+  else()
+    expect_field(${package} Depends "libpanorel1 \\(= ${VERSION}")
+  endif()
   run(dpkg-deb -x ${file} ${BINARY}/root)
 endforeach()
 run_simulator(${BINARY}/root/usr)

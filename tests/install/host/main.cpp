@@ -1,8 +1,8 @@
 // A host application from outside, with a robot core of its own: the page sets the robot's language,
 // the robot hears a visitor, the page tells the host what it was told.
 
-#include <host/KarvelDialogModule.h>
-#include <host/PluginInterface.h>
+#include "Robot.h"
+
 #include <panorel/Constants.h>
 #include <panorel/Panorel.h>
 
@@ -13,31 +13,6 @@
 #include <cstdio>
 
 namespace {
-
-/// A robot without any device.
-class Robot : public PluginInterface
-{
-public:
-    QVariant appParameter(const QString &, const QVariant &value) const override { return value; }
-    QVariant sysParameter(const QString &, const QVariant &value) const override { return value; }
-    QMap<QString, QVariant> appParameterGroup(const QString &) const override { return {}; }
-    QMap<QString, QVariant> sysParameterGroup(const QString &) const override { return {}; }
-    QMap<QString, QVariant> emailParameters() const override { return {}; }
-    QSharedPointer<IDevice> device(const Device &) const override { return {}; }
-    QSharedPointer<IPrinter> printer(const Device &) const override { return {}; }
-    QSharedPointer<IKeyboard> keyboard() const override { return {}; }
-    QSharedPointer<IUsersDatabase> databaseUsers() const override { return {}; }
-    QSharedPointer<IInteractionService> interactionService() const override { return {}; }
-    QSharedPointer<IMacrosReplacer> macrosReplacer() const override { return {}; }
-};
-
-class Dialog : public KarvelDialogModule
-{
-public:
-    void processReplica(const QSharedPointer<Replica> &, const bool &) override { }
-    void setAnswerResult(const QSharedPointer<Answer> &, bool) override { }
-    void setQuestionHandler(QuestionHandler *) override { }
-};
 
 constexpr int timeoutMs = 60000;
 
