@@ -31,7 +31,7 @@ namespace {
 constexpr int topics = 96;
 
 /// Counts only the loop. The work is done a few times before, so that the loop finds symbols bound,
-/// statics made and memory at hand.
+/// static objects made and memory at hand.
 template <typename Work>
 void count(int times, const Work &work)
 {

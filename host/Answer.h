@@ -30,6 +30,7 @@ public:
     ID idPattern() const;
     void setIdPattern(const ID &idPattern);
 
+    /// The pattern that matched, in the dialog engine's own notation.
     QString pattern() const;
     void setPattern(const QString &pattern);
 
@@ -37,6 +38,7 @@ public:
     QString question() const;
     void setQuestion(const QString &question);
 
+    /// What the robot says to it.
     Replica replica() const;
     void setReplica(const Replica &replica);
 

@@ -38,6 +38,7 @@ public:
     Type type() const;
     void setType(const Type &type);
 
+    /// Whether the robot's head follows this face.
     bool isTracking() const;
     void setTracking(const bool &tracking);
 
@@ -52,9 +53,11 @@ public:
     double age() const;
     void setAge(const double &age);
 
+    /// In the recognition's own words; empty when it does not tell.
     QString emotion() const;
     void setEmotion(const QString &emotion);
 
+    /// The known persons that this face resembles.
     QVector<FaceScore> matches() const;
     void setMatches(const QVector<FaceInfo::FaceScore> &matches);
 

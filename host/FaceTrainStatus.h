@@ -9,6 +9,7 @@ public:
     FaceTrainStatus() = default;
     explicit FaceTrainStatus(const int &step);
 
+    /// The training step, in the recognition's own numbering.
     int step() const;
     void setStep(const int &step);
 

@@ -19,7 +19,9 @@ public:
     /// Every keyboard overrides it; this one does nothing.
     virtual void setLocale(const QString &locale);
 
+    /// Whether the user sees the keyboard now.
     virtual bool isVisible() = 0;
+    /// Shows or hides the keyboard; does nothing when it is so already.
     virtual void setVisible(const bool &visible) = 0;
 
     /// Same as setVisible(true).

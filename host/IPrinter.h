@@ -20,5 +20,6 @@ public:
 Q_SIGNALS:
     /// 1 means no paper, 2 paper low; any other code is a general error that @p text explains.
     void signalError(const int &code, const QString &text);
+    /// What the printer does now. Requests are answered by the state that was announced last.
     void signalState(const PrinterState &state);
 };

@@ -27,7 +27,9 @@ public:
     virtual void setResolution(const quint16 &resolution) = 0;
 
 Q_SIGNALS:
+    /// A scan failed, or the scanner does; @p code is in the scanner's own numbering.
     void signalError(const int &code, const QString &text);
+    /// The scanner's state changed; travels as its integer value.
     void signalState(const ScannerState &state);
     /// How far the scan has come, in the scanner's own scale.
     void signalProgress(const double &progress);

@@ -32,7 +32,9 @@ public:
               const QStringList &files);
 
 Q_SIGNALS:
+    /// The server took the mail.
     void signalFinished();
+    /// The mail was not sent: the server's code, or the mail client's own, and what it says.
     void signalError(const int &code, const QString &text);
 
 private:

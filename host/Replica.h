@@ -42,6 +42,7 @@ public:
     QString screenText() const;
     void setScreenText(const QString &screenText);
 
+    /// What the screen shows or plays beside the text; invalid when there is nothing.
     QUrl url() const;
     /// Parses @p url in Qt's tolerant mode; a text that is no URL gives an invalid one.
     void setUrl(const QString &url);
