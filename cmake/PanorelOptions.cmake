@@ -18,6 +18,7 @@ else()
 endif()
 option(PANOREL_WERROR "Treat warnings as errors" OFF)
 set(PANOREL_SANITIZE "" CACHE STRING "Sanitizers to build with, such as address,undefined")
+option(PANOREL_COVERAGE "Count which lines of the two libraries run" OFF)
 
 if(PANOREL_BUILD_TESTS AND NOT (PANOREL_BUILD_SIMULATOR AND PANOREL_BUILD_EXAMPLES))
   message(FATAL_ERROR "The tests need the simulator and the examples: set PANOREL_BUILD_SIMULATOR "
@@ -61,6 +62,14 @@ if(PANOREL_SANITIZE)
     -fsanitize=${PANOREL_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(panorel-build-options INTERFACE -fsanitize=${PANOREL_SANITIZE})
 endif()
+
+# For the two libraries alone: what tests and simulator execute of themselves says nothing.
+function(panorel_count_coverage target)
+  if(PANOREL_COVERAGE)
+    target_compile_options(${target} PRIVATE --coverage -fprofile-update=atomic)
+    target_link_options(${target} PRIVATE --coverage)
+  endif()
+endfunction()
 
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
