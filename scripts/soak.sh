@@ -1,0 +1,96 @@
+#!/usr/bin/env bash
+# Builds the soak optimised, runs a long day in front of a real page, and prints the figures.
+set -euo pipefail
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+caller=$PWD
+. "$root/scripts/common.sh"
+
+usage() {
+    cat << 'END'
+Usage: scripts/soak.sh [OPTION...]
+
+Builds the preset "ci" and runs the soak: a million events to a real page and a million requests
+from it, with face reports, page loads and new sets of handlers in between; then enormous messages
+and floods. Takes ten to twenty minutes after the build. Ends with 1 when a limit of
+docs/reliability.md is broken, and says which one.
+
+  --events N          this many events, and as many requests, instead of a million; with fewer than
+                      some 200,000 the caches still warm up after the first tenth
+  --growth-limit N    memory may grow by N percent; default: 2
+  --loads N           load the page so often; default: 25
+  --large LIST        characters of the large messages; default: 60000000,100000000; 0: none
+  --flood-seconds N   how long each of the two floods lasts; default: 60; 0: none
+  --fault NAME        let the bus have a fault that the soak must notice: lost-request,
+                      doubled-request, swapped-requests, lost-event, doubled-event, swapped-events,
+                      leak or sleep
+  --json FILE         write the figures as JSON, too
+  --no-install        install nothing; fail when something is missing
+  --help              this text
+END
+}
+
+time_limit=7200
+install=yes
+arguments=()
+value_of() { [ $# -ge 2 ] || { say "$1 needs a value; see scripts/soak.sh --help."; exit 2; }; }
+# Paths are the caller's, and the build changes the folder.
+absolute() { case "$1" in /*) printf '%s' "$1" ;; *) printf '%s/%s' "$caller" "$1" ;; esac; }
+while [ $# -gt 0 ]; do
+    case "$1" in
+        --help | -h) usage; exit 0 ;;
+        --json) value_of "$@"; arguments+=("$1" "$(absolute "$2")"); shift 2 ;;
+        --events | --growth-limit | --loads | --flood-seconds)
+            value_of "$@"
+            [[ $2 =~ ^[0-9]{1,9}$ ]] || { say "$1 needs a number, not \"$2\"."; exit 2; }
+            arguments+=("$1" "$2")
+            shift 2
+            ;;
+        --large | --fault) value_of "$@"; arguments+=("$1" "$2"); shift 2 ;;
+        --no-install) install=no; shift ;;
+        *) say "unknown option $1; see scripts/soak.sh --help."; exit 2 ;;
+    esac
+done
+
+work='' running=''
+# shellcheck disable=SC2317 # called by the trap
+clean_up() {
+    if [ -n "$running" ]; then
+        kill "$running" 2> /dev/null || true # timeout passes it on
+        wait "$running" 2> /dev/null || true
+        kill -KILL -- -"$running" 2> /dev/null || true
+    fi
+    [ -z "$work" ] || rm -rf "$work"
+}
+trap clean_up EXIT
+trap 'exit 129' HUP
+trap 'exit 130' INT
+trap 'exit 143' TERM
+
+[ "$install" = no ] || install_packages
+build_preset ci panorel-soak
+need_runtime_dir
+handle_root
+
+work=$(mktemp -d "$root/build/ci/soak.XXXXXX")
+mkdir "$work/home" "$work/tmp"
+cd "$caller"
+# In the background, so that Ctrl-C is heard at once; "timeout" makes it and the web engine's processes
+# a group of their own. A home and a folder for temporary files of its own keep it from what is the
+# user's, and a sound server that is not there from starting one.
+env HOME="$work/home" XDG_CACHE_HOME="$work/home/cache" XDG_CONFIG_HOME="$work/home/config" \
+    XDG_DATA_HOME="$work/home/data" TMPDIR="$work/tmp" PULSE_SERVER="unix:$work/no-sound" \
+    LC_ALL=C.UTF-8 QT_LOGGING_RULES= QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software \
+    QTWEBENGINE_CHROMIUM_FLAGS=--disable-gpu \
+    timeout --kill-after=10 "$time_limit" "$root/build/ci/tests/bin/panorel-soak" "${arguments[@]}" &
+running=$!
+status=0
+wait "$running" 2> /dev/null || status=$?
+kill -KILL -- -"$running" 2> /dev/null || true # what a crash may have left
+running=''
+case "$status" in
+    0) ;;
+    1) fail "a limit is broken; the lines \"BROKEN\" above say which." ;;
+    2) exit 2 ;;
+    124) fail "the soak took more than $time_limit seconds and was stopped." ;;
+    *) fail "the soak ended with status $status, before it could tell its figures." ;;
+esac
