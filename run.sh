@@ -2,7 +2,6 @@
 # Builds Panorel and shows its sample page with a simulated robot behind it.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
-caller=$PWD
 . "$root/scripts/common.sh"
 
 usage() {
@@ -34,9 +33,6 @@ preset=dev
 install=yes
 screenshot=
 arguments=()
-value_of() { [ $# -ge 2 ] || { say "$1 needs a value; see ./run.sh --help."; exit 2; }; }
-# Paths are the caller's, and the build changes the folder.
-absolute() { case "$1" in /* | [a-z]*:*) printf '%s' "$1" ;; *) printf '%s/%s' "$caller" "$1" ;; esac; }
 while [ $# -gt 0 ]; do
     case "$1" in
         --help | -h) usage; exit 0 ;;

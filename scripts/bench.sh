@@ -2,7 +2,6 @@
 # Builds the benchmarks optimised, runs them, and prints each figure beside its limit.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
-caller=$PWD
 . "$root/scripts/common.sh"
 
 usage() {
@@ -26,9 +25,6 @@ repetitions=15
 min_time=0.2
 time_limit=900
 json='' plots='' results='' quick='' install=yes
-value_of() { [ $# -ge 2 ] || { say "$1 needs a value; see scripts/bench.sh --help."; exit 2; }; }
-# Paths are the caller's, and the build changes the folder.
-absolute() { case "$1" in /*) printf '%s' "$1" ;; *) printf '%s/%s' "$caller" "$1" ;; esac; }
 while [ $# -gt 0 ]; do
     case "$1" in
         --help | -h) usage; exit 0 ;;
@@ -68,26 +64,8 @@ machine() {
         "$(LC_ALL=C date '+%-d %B %Y')" "$1"
 }
 
-work='' running=''
-# shellcheck disable=SC2317 # called by the trap
-clean_up() {
-    if [ -n "$running" ]; then
-        kill "$running" 2> /dev/null || true # timeout passes it on
-        wait "$running" 2> /dev/null || true
-        kill -KILL -- -"$running" 2> /dev/null || true
-    fi
-    [ -z "$work" ] || rm -rf "$work"
-}
-trap clean_up EXIT
-trap 'exit 129' HUP
-trap 'exit 130' INT
-trap 'exit 143' TERM
-
 failed=0
-# measure NAME PROGRAM [OPTION...]: runs one of the programs, in the background so that Ctrl-C is heard
-# at once; "timeout" makes it and the web engine's processes a group of their own. A home and a folder
-# for temporary files of its own keep it from what is the user's, and a sound server that is not there
-# from starting one.
+# measure NAME PROGRAM [OPTION...]: runs one of the programs, apart.
 measure() {
     local name=$1 program=panorel-bench-$2 status=0 begun=$SECONDS
     shift 2
@@ -95,18 +73,10 @@ measure() {
     say "measuring: $name"
     rm -f "$file"
     # Interleaved, so that what else the machine does at one moment falls on all variants alike.
-    env HOME="$work/home" XDG_CACHE_HOME="$work/home/cache" XDG_CONFIG_HOME="$work/home/config" \
-        XDG_DATA_HOME="$work/home/data" TMPDIR="$work/tmp" PULSE_SERVER="unix:$work/no-sound" \
-        LC_ALL=C.UTF-8 QT_LOGGING_RULES= QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software \
-        QTWEBENGINE_CHROMIUM_FLAGS=--disable-gpu \
-        timeout --kill-after=10 "$time_limit" "$root/build/bench/bin/$program" "$@" \
+    run_apart "$time_limit" "$root/build/bench/bin/$program" "$@" \
         --benchmark_repetitions="$repetitions" --benchmark_min_time="$min_time" \
         --benchmark_enable_random_interleaving=true --benchmark_display_aggregates_only=true \
-        --benchmark_out="$file" --benchmark_out_format=json > "$log" 2>&1 &
-    running=$!
-    wait "$running" 2> /dev/null || status=$?
-    kill -KILL -- -"$running" 2> /dev/null || true # what a crash may have left
-    running=''
+        --benchmark_out="$file" --benchmark_out_format=json > "$log" 2>&1 || status=$?
     [ "$status" -ne 0 ] || return 0
     failed=1
     if [ $((SECONDS - begun)) -ge "$time_limit" ]; then
@@ -126,8 +96,7 @@ build_preset bench "${programs[@]/#/panorel-bench-}" panorel-bench-page
 need_runtime_dir
 handle_root
 
-work=$(mktemp -d "$root/build/bench/run.XXXXXX")
-mkdir "$work/home" "$work/tmp"
+make_work_folder "$root/build/bench/run"
 results=${results:-$work/results}
 mkdir -p "$results" "$(dirname "${json:-$results}")"
 machine=$(machine "$load")

@@ -7,6 +7,18 @@ fail() {
     exit 1
 }
 
+# For options that take a value: value_of "$@"
+value_of() { [ $# -ge 2 ] || { say "$1 needs a value; see $0 --help."; exit 2; }; }
+
+# Paths are the caller's, and a build changes the folder. An address is left as it is.
+caller=$PWD
+absolute() {
+    case "$1" in
+        /* | [a-z]*:*) printf '%s' "$1" ;;
+        *) printf '%s/%s' "$caller" "$1" ;;
+    esac
+}
+
 # Installs the Debian packages of scripts/debian-packages.txt that are missing, and further ones:
 # install_packages [package...]
 install_packages() {
@@ -64,4 +76,43 @@ handle_root() {
     [ "$(id -u)" -eq 0 ] || return 0
     export QTWEBENGINE_DISABLE_SANDBOX=1
     say "running as root, so the web engine's sandbox is off (QTWEBENGINE_DISABLE_SANDBOX=1)."
+}
+
+work='' running=''
+# shellcheck disable=SC2317 # called by the trap
+end_what_runs() {
+    if [ -n "$running" ]; then
+        kill "$running" 2> /dev/null || true # timeout passes it on
+        wait "$running" 2> /dev/null || true
+        kill -KILL -- -"$running" 2> /dev/null || true
+    fi
+    [ -z "$work" ] || rm -rf "$work"
+}
+
+# Makes the folder $work, named after its argument, which goes away with the script, as do programs
+# that run_apart started.
+make_work_folder() {
+    trap end_what_runs EXIT
+    trap 'exit 129' HUP
+    trap 'exit 130' INT
+    trap 'exit 143' TERM
+    work=$(mktemp -d "$1.XXXXXX")
+    mkdir "$work/home" "$work/tmp"
+}
+
+# run_apart SECONDS PROGRAM [ARGUMENT...]: in the background, so that Ctrl-C is heard at once; "timeout"
+# makes it and the web engine's processes a group of their own. A home and a folder for temporary files
+# of its own keep it from what is the user's, and a sound server that is not there from starting one.
+run_apart() {
+    local limit=$1 status=0
+    shift
+    env HOME="$work/home" XDG_CACHE_HOME="$work/home/cache" XDG_CONFIG_HOME="$work/home/config" \
+        XDG_DATA_HOME="$work/home/data" TMPDIR="$work/tmp" PULSE_SERVER="unix:$work/no-sound" \
+        LC_ALL=C.UTF-8 QT_LOGGING_RULES= QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software \
+        QTWEBENGINE_CHROMIUM_FLAGS=--disable-gpu timeout --kill-after=10 "$limit" "$@" &
+    running=$!
+    wait "$running" 2> /dev/null || status=$?
+    kill -KILL -- -"$running" 2> /dev/null || true # what a crash may have left
+    running=''
+    return "$status"
 }

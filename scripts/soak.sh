@@ -2,7 +2,6 @@
 # Builds the soak optimised, runs a long day in front of a real page, and prints the figures.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
-caller=$PWD
 . "$root/scripts/common.sh"
 
 usage() {
@@ -32,9 +31,6 @@ END
 time_limit=7200
 install=yes
 arguments=()
-value_of() { [ $# -ge 2 ] || { say "$1 needs a value; see scripts/soak.sh --help."; exit 2; }; }
-# Paths are the caller's, and the build changes the folder.
-absolute() { case "$1" in /*) printf '%s' "$1" ;; *) printf '%s/%s' "$caller" "$1" ;; esac; }
 while [ $# -gt 0 ]; do
     case "$1" in
         --help | -h) usage; exit 0 ;;
@@ -51,42 +47,15 @@ while [ $# -gt 0 ]; do
     esac
 done
 
-work='' running=''
-# shellcheck disable=SC2317 # called by the trap
-clean_up() {
-    if [ -n "$running" ]; then
-        kill "$running" 2> /dev/null || true # timeout passes it on
-        wait "$running" 2> /dev/null || true
-        kill -KILL -- -"$running" 2> /dev/null || true
-    fi
-    [ -z "$work" ] || rm -rf "$work"
-}
-trap clean_up EXIT
-trap 'exit 129' HUP
-trap 'exit 130' INT
-trap 'exit 143' TERM
-
 [ "$install" = no ] || install_packages
 build_preset ci panorel-soak
 need_runtime_dir
 handle_root
 
-work=$(mktemp -d "$root/build/ci/soak.XXXXXX")
-mkdir "$work/home" "$work/tmp"
+make_work_folder "$root/build/ci/soak"
 cd "$caller"
-# In the background, so that Ctrl-C is heard at once; "timeout" makes it and the web engine's processes
-# a group of their own. A home and a folder for temporary files of its own keep it from what is the
-# user's, and a sound server that is not there from starting one.
-env HOME="$work/home" XDG_CACHE_HOME="$work/home/cache" XDG_CONFIG_HOME="$work/home/config" \
-    XDG_DATA_HOME="$work/home/data" TMPDIR="$work/tmp" PULSE_SERVER="unix:$work/no-sound" \
-    LC_ALL=C.UTF-8 QT_LOGGING_RULES= QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software \
-    QTWEBENGINE_CHROMIUM_FLAGS=--disable-gpu \
-    timeout --kill-after=10 "$time_limit" "$root/build/ci/tests/bin/panorel-soak" "${arguments[@]}" &
-running=$!
 status=0
-wait "$running" 2> /dev/null || status=$?
-kill -KILL -- -"$running" 2> /dev/null || true # what a crash may have left
-running=''
+run_apart "$time_limit" "$root/build/ci/tests/bin/panorel-soak" "${arguments[@]}" || status=$?
 case "$status" in
     0) ;;
     1) fail "a limit is broken; the lines \"BROKEN\" above say which." ;;
