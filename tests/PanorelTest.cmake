@@ -4,7 +4,8 @@
 
 set(PANOREL_TEST_HOME ${PROJECT_BINARY_DIR}/test-home)
 set(PANOREL_TEST_RUNTIME ${PROJECT_BINARY_DIR}/test-runtime)
-file(MAKE_DIRECTORY ${PANOREL_TEST_HOME} ${PANOREL_TEST_RUNTIME})
+set(PANOREL_TEST_MESSAGES ${PROJECT_BINARY_DIR}/test-messages) # what the messages of each program used
+file(MAKE_DIRECTORY ${PANOREL_TEST_HOME} ${PANOREL_TEST_RUNTIME} ${PANOREL_TEST_MESSAGES})
 execute_process(COMMAND chmod 0700 ${PANOREL_TEST_RUNTIME})
 
 set(PANOREL_TEST_ENVIRONMENT
@@ -65,6 +66,9 @@ function(panorel_add_test)
     panorel-test-support ${arg_LIBRARIES} Qt5::Test panorel-build-options)
   add_test(NAME ${arg_NAME} COMMAND ${arg_NAME})
   panorel_test_properties(${arg_NAME} ${arg_LABEL})
+  set_property(TEST ${arg_NAME} APPEND PROPERTY ENVIRONMENT
+    PANOREL_TEST_MESSAGES=${PANOREL_TEST_MESSAGES}/${arg_NAME}.txt)
+  set_property(GLOBAL APPEND PROPERTY PANOREL_TEST_PROGRAMS ${arg_NAME})
   if(arg_THREADS)
     set_property(TEST ${arg_NAME} APPEND PROPERTY LABELS threads)
     add_dependencies(panorel-thread-tests ${arg_NAME})

@@ -87,6 +87,7 @@ void ScannerHandlerTest::scans()
     QFETCH(QByteArray, json);
     QFETCH(bool, success);
     QFETCH(QStringList, calls);
+    makesUpAttributes({"Timeout", "device"});
     create(plugin());
     scanner().connected = connected;
     scanner().result = result;

@@ -72,6 +72,7 @@ void AbortRobotReplicHandlerTest::withdrawsMacrosOnce()
 
 void AbortRobotReplicHandlerTest::readsNoAttribute()
 {
+    makesUpAttributes({"abort", "macroses", "step", "terminate", "text"});
     create(plugin());
     lendTwoMacros();
     request(fromPage(R"({"text": "Hello", "terminate": false, "macroses": {"c": "3"},

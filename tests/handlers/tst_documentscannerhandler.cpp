@@ -63,6 +63,7 @@ void DocumentScannerHandlerTest::setsWhatIsPresent()
 {
     QFETCH(QByteArray, json);
     QFETCH(QStringList, settings);
+    makesUpAttributes({"Mode", "contrast"});
     create(plugin());
     QCOMPARE(ask(json), response(true));
     QCOMPARE(done(), settings + QStringList({m_isConnected, m_scan}));

@@ -69,6 +69,7 @@ void DriveControlHandlerTest::doesWhatIsPresent()
 {
     QFETCH(QByteArray, json);
     QFETCH(QStringList, calls);
+    makesUpAttributes({"Drive_point", "drive", "drive_stop", "point"});
     create(plugin());
     QCOMPARE(steer(json), calls);
     QCOMPARE(steer(json), calls); // each time anew

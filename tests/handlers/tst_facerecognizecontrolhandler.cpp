@@ -152,6 +152,7 @@ void FaceRecognizeControlHandlerTest::switchesTrackingBeforeTheHead()
 
 void FaceRecognizeControlHandlerTest::doesNothingWithoutACommand()
 {
+    makesUpAttributes({"face", "tracking"});
     create(plugin());
     request({}, m_name);
     request(fromPage(R"({"tracking": true, "face": 7})"), m_name);

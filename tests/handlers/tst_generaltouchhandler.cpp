@@ -340,6 +340,7 @@ void GeneralTouchHandlerTest::dropsATouchWithoutAPoint_data()
 void GeneralTouchHandlerTest::dropsATouchWithoutAPoint()
 {
     QFETCH(QByteArray, json);
+    makesUpAttributes({"X", "Y"});
     create(plugin());
     reportRects({rectAt({-100, -100, 1000, 1000}, 5)});
     request(fromPage(json), m_name);

@@ -135,6 +135,7 @@ void GetReplicHandlerTest::asksForNothing_data()
 void GetReplicHandlerTest::asksForNothing()
 {
     QFETCH(QByteArray, json);
+    makesUpAttributes({"text"});
     create();
     plugin()->replica = QSharedPointer<Replica>::create();
     get(json);
@@ -180,6 +181,7 @@ void GetReplicHandlerTest::answersWithTheReplica_data()
 void GetReplicHandlerTest::answersWithTheReplica()
 {
     QFETCH(QByteArray, json);
+    makesUpAttributes({"mine", "replica", "text"});
     create();
     plugin()->replica = QSharedPointer<Replica>::create();
     plugin()->replica->setText(QStringLiteral("Welcome"));

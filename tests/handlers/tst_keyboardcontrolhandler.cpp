@@ -109,6 +109,7 @@ void KeyboardControlHandlerTest::doesWhatIsPresent()
     QFETCH(QByteArray, json);
     QFETCH(QStringList, answers);
     QFETCH(QStringList, calls);
+    makesUpAttributes({"Show", "locale", "setLocale", "visible"});
     create(plugin());
     QCOMPARE(ask(json), answers);
     QCOMPARE(done(), calls);

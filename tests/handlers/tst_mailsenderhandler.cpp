@@ -194,6 +194,7 @@ void MailSenderHandlerTest::readsTextsByConversion()
 
 void MailSenderHandlerTest::sendsNothingWithoutARecipient()
 {
+    makesUpAttributes({"to"});
     ask(R"({"subject": "s", "body": "b", "to": "ann@example.com"})");
     QThreadPool::globalInstance()->waitForDone();
     turnEventLoop();

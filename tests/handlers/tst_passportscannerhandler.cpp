@@ -22,6 +22,12 @@ private:
     Scanner &own() override { return plugin()->passportScanner; }
     Scanner &other() override { return plugin()->documentScanner; }
 
+    void setUp() override
+    {
+        ScannerSignalTest::setUp();
+        makesUpAttributes({"brightness", "mode", "resolution"}); // the other scanner's
+    }
+
 private Q_SLOTS:
     void ignoresSettings();
     void tellsNoProgress();

@@ -167,6 +167,7 @@ void PlayExternalHandlerTest::playsAndStopsAtOnce()
 
 void PlayExternalHandlerTest::doesNothingWithoutACommand()
 {
+    makesUpAttributes({"file"});
     ask("{}");
     ask(R"({"volume": 10, "file": "/x.wav"})");
     QVERIFY(m_player->media().isNull());

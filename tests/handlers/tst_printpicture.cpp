@@ -133,6 +133,7 @@ void PrintPictureTest::leavesTheFileWithoutData_data()
 void PrintPictureTest::leavesTheFileWithoutData()
 {
     QFETCH(QByteArray, json);
+    makesUpAttributes({"Data"});
     create(plugin());
     write("old");
     QCOMPARE(ask(json), QStringList{text(QStringLiteral("printer.success"))});

@@ -85,6 +85,7 @@ void ScriptControlHandlerTest::startsBeforeItCancels()
 
 void ScriptControlHandlerTest::doesNothingWithoutACommand()
 {
+    makesUpAttributes({"pause"});
     create(plugin());
     request({{QStringLiteral("pause"), true}}, m_name);
 }

@@ -273,6 +273,7 @@ void SIPControlHandlerTest::doesAllInOrder()
 
 void SIPControlHandlerTest::doesNothingWithoutACommand()
 {
+    makesUpAttributes({"call_start_map", "play_file_map", "play_text_map"});
     ask("{}");
     // Labels of the log, no commands.
     ask(R"({"call_start_map": {"number": "1"}, "play_file_map": {}, "play_text_map": {}})");

@@ -77,6 +77,7 @@ void SoundEventHandlerTest::readsAndSets()
     QFETCH(QByteArray, json);
     QFETCH(QVector<HostCall>, calls);
     QFETCH(QVariantMap, sound);
+    makesUpAttributes({"volume"});
     request(fromPage(json), QStringLiteral("SoundEventHandler"));
     QCOMPARE(TestPlatform::instance().calls, calls);
     if (!sound.isEmpty())

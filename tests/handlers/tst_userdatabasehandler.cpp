@@ -113,6 +113,7 @@ void UserDatabaseHandlerTest::answersAnEmptyRequest_data()
 void UserDatabaseHandlerTest::answersAnEmptyRequest()
 {
     QFETCH(QByteArray, json);
+    makesUpAttributes({"get", "settings_type"});
     createWithUsers();
     QCOMPARE(ask(json), QVariantMap());
 }
@@ -368,6 +369,7 @@ void UserDatabaseHandlerTest::ignoresTheSettingsType_data()
 void UserDatabaseHandlerTest::ignoresTheSettingsType()
 {
     QFETCH(QByteArray, value);
+    makesUpAttributes({"settings_type"});
     createWithUsers();
     QCOMPARE(ask("{\"del_user\": 7, \"settings_type\": " + value + '}'),
              QVariantMap({{QStringLiteral("del_user"), true}}));

@@ -171,6 +171,7 @@ void BridgeTest::deliversRepliesBeforeTheReturn()
 
 void BridgeTest::deliversEachForwardedTopicOnce()
 {
+    makesUpMessages(); // without attributes
     for (const QString &topic : forwardedTopics())
         m_brocker->publish(Message(topic));
     QCOMPARE(json(QStringLiteral("received.map(function(m) { return m.type; })")).array(),
@@ -186,6 +187,7 @@ void BridgeTest::keepsOtherTopicsInside()
 
 void BridgeTest::deliversTheWholeEnvelope()
 {
+    makesUpMessages({"printer.success"});
     const Message message(QStringLiteral("printer.success"),
                           {{QStringLiteral("list"), QVariantList({1, QStringLiteral("b")})},
                            {QStringLiteral("map"), QVariantMap({{QStringLiteral("k"), true}})},
@@ -237,9 +239,10 @@ void BridgeTest::keepsUnusualTexts()
 {
     QFETCH(QString, text);
     m_brocker->subscribe(QStringLiteral("dialog.say"), [this](const Message &message) {
-        m_brocker->publish(Message(
-            QStringLiteral("dialog.user.said"),
-            {{QStringLiteral("text"), message.attributes().value(QStringLiteral("text"))}}));
+        m_brocker->publish(
+            Message(QStringLiteral("dialog.user.said"),
+                    {{QStringLiteral("text"), message.attributes().value(QStringLiteral("text"))},
+                     {QStringLiteral("is_finish"), true}}));
     });
     m_engine->globalObject().setProperty(QStringLiteral("sample"), text);
     run(QStringLiteral("robot.sendMessage({type: 'dialog.say', text: sample})"));

@@ -129,6 +129,7 @@ void PageTest::logsForThePage()
 
 void PageTest::receivesEachForwardedTopicOnce()
 {
+    makesUpMessages(); // with an attribute of no topic
     defaultHandlers();
     loadRecorder();
     for (const QString &topic : forwardedTopics())

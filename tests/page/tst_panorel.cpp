@@ -368,6 +368,7 @@ void PanorelTest::survivesAQuestionAfterItsEnd()
 
 void PanorelTest::survivesTheWholeLifeWithoutAHost()
 {
+    makesUpAttributes({"call", "drive_point", "get_locale", "language", "state", "stop"});
     const PictureFile picture; // one is printed
     screen->defaultHandlers(nullptr, nullptr);
     QSignalSpy toPage(proxy(), &PanorelProxy::message);

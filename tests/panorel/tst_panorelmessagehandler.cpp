@@ -19,6 +19,7 @@ class PanorelMessageHandlerTest : public TestCase
 private:
     void setUp() override
     {
+        makesUpMessages(); // it forwards whatever they hold
         m_brocker = std::make_unique<PanorelQueueBrocker>();
         m_proxy = std::make_unique<PanorelProxy>(m_brocker.get());
     }

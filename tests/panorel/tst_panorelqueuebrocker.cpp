@@ -70,7 +70,11 @@ class PanorelQueueBrockerTest : public TestCase
     Q_OBJECT
 
 private:
-    void setUp() override { m_brocker = std::make_unique<PanorelQueueBrocker>(); }
+    void setUp() override
+    {
+        makesUpMessages(); // the bus delivers whatever they hold
+        m_brocker = std::make_unique<PanorelQueueBrocker>();
+    }
     void tearDown() override { m_brocker.reset(); }
 
     CountedHandler::Action note(const QString &name)

@@ -4,6 +4,21 @@
 
 #include <algorithm>
 
+namespace {
+
+/// The message that the bus logs in @p line, as JSON; empty when it is another line. A handler begins
+/// its lines with its name, and what a page writes is quoted.
+QString messageIn(const LogLine &line)
+{
+    static const QString before = QStringLiteral("QJsonObject(");
+    if (line.type != QtDebugMsg || line.category != QLatin1String("panorel")
+        || !line.text.startsWith(before))
+        return {};
+    return line.text.mid(before.size(), line.text.size() - before.size() - 1);
+}
+
+} // namespace
+
 LogRecorder *LogRecorder::s_current = nullptr;
 
 bool operator==(const LogLine &left, const LogLine &right)
@@ -82,6 +97,12 @@ QStringList LogRecorder::warnings() const
     return texts;
 }
 
+QStringList LogRecorder::messages() const
+{
+    const std::lock_guard<std::mutex> locker(m_mutex);
+    return m_messages;
+}
+
 void LogRecorder::record(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
     LogRecorder *const self = s_current;
@@ -93,4 +114,7 @@ void LogRecorder::record(QtMsgType type, const QMessageLogContext &context, cons
     }
     const std::lock_guard<std::mutex> locker(self->m_mutex);
     self->m_lines.append({type, QString::fromLatin1(context.category), text});
+    const QString message = messageIn(self->m_lines.last());
+    if (!message.isEmpty())
+        self->m_messages.append(message);
 }

@@ -42,6 +42,10 @@ public:
     /// Warnings and worse that nobody took.
     QStringList warnings() const;
 
+    /// The messages of the bus as JSON, whoever took their lines. The bus logs all but the robot's
+    /// face reports.
+    QStringList messages() const;
+
 private:
     Q_DISABLE_COPY(LogRecorder)
 
@@ -51,4 +55,5 @@ private:
     QtMessageHandler m_former;
     mutable std::mutex m_mutex; // the thread sanitizer does not see through Qt's
     QVector<LogLine> m_lines;
+    QStringList m_messages;
 };

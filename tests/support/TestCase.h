@@ -5,17 +5,28 @@
 #include <QObject>
 #include <QtTest>
 
+#include <initializer_list>
 #include <memory>
 
 /// Base of the tests: each test function fails when it leaves an unexpected warning or a live
-/// handler behind.
+/// handler behind, or when a message on a bus did not keep to the contract of its topic.
 class TestCase : public QObject
 {
     Q_OBJECT
 
+public:
+    /// Writes what the messages used to the file PANOREL_TEST_MESSAGES of the environment.
+    ~TestCase() override;
+
 protected:
     /// What was logged since the test function began.
     LogRecorder &log() { return *m_log; }
+
+    /// For a test function that publishes on purpose what no page and no robot sends: on @p topics, or
+    /// on any when there are none.
+    void makesUpMessages(std::initializer_list<const char *> topics = {});
+    /// The same for requests with @p attributes that nobody reads.
+    void makesUpAttributes(std::initializer_list<const char *> attributes);
 
     virtual void setUp() { }
     virtual void tearDown() { }
@@ -32,7 +43,12 @@ private Q_SLOTS:
     void cleanup();
 
 private:
+    QStringList faultsOfMessages() const;
+
     std::unique_ptr<LogRecorder> m_log;
+    QStringList m_madeUpTopics;
+    QStringList m_madeUpAttributes;
+    bool m_makesUpAll = false;
 };
 
 /// Lets what waits for the event loop happen: posted events and deferred deletions.
