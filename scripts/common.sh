@@ -29,7 +29,11 @@ install_packages() {
         exit 1
     fi
     while read -r package; do
-        case "$package" in '' | '#'*) continue ;; esac
+        case "$package" in
+            '' | '#'*) continue ;;
+            # Another Node than Debian's brings its own, and the two do not go together.
+            nodejs | npm) ! command -v npm > /dev/null || continue ;;
+        esac
         dpkg-query -W -f '${Status}\n' "$package" 2> /dev/null | grep -q '^install ok installed$' \
             || missing+=("$package")
     done < <(cat "$list" && printf '%s\n' "$@")

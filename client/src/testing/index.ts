@@ -1,0 +1,3 @@
+export type { FakeReply } from './answers.js'
+export { examples } from './examples.js'
+export * from './fake.js'
