@@ -4,22 +4,18 @@ client/src/topics.ts, and the examples of its fake robot, client/src/testing/exa
 writes them; "check" fails when they differ.
 """
 
-import argparse
-import difflib
 import json
-import pathlib
 import re
 import sys
 import textwrap
 
-ROOT = pathlib.Path(__file__).resolve().parent.parent
-CONTRACT = "protocol/topics.json"
+from contract import CONTRACT, REFERENCE, generate
+
 TYPES = "client/src/topics.ts"
 EXAMPLES = "client/src/testing/examples.ts"
 
 FIRST_LINE = f"// Generated from {CONTRACT} by scripts/client-types.py. Edit that."
 WIDTH = 100
-REFERENCE = "#/$defs/"
 SCALARS = {"string": "string", "integer": "number", "number": "number", "boolean": "boolean"}
 # A reply that another one follows says so in these words.
 INTERIM = "another answer follows"
@@ -256,30 +252,9 @@ export const examples: EventTopics = {{
 """
 
 
-def main():
-    parser = argparse.ArgumentParser(description=__doc__)
-    parser.add_argument("command", choices=["write", "check"])
-    parser.add_argument("--root", type=pathlib.Path, default=ROOT, help="the tree to work in")
-    options = parser.parse_args()
-
-    contract = json.loads((options.root / CONTRACT).read_text(encoding="utf-8"))
-    differs = False
-    for name, text in ((TYPES, types(contract)), (EXAMPLES, examples(contract))):
-        path = options.root / name
-        if options.command == "write":
-            path.parent.mkdir(parents=True, exist_ok=True)
-            path.write_text(text, encoding="utf-8")
-            continue
-        kept = path.read_text(encoding="utf-8") if path.exists() else ""
-        if kept != text:
-            differs = True
-            changes = difflib.unified_diff(kept.splitlines(), text.splitlines(), name,
-                                           "what the contract says", lineterm="", n=1)
-            print("\n".join(list(changes)[:40]))
-    if differs:
-        sys.exit(f"client-types.py: the client's types are not what {CONTRACT} says. "
-                 "Run: scripts/client-types.py write")
+def make(contract, _):
+    return {TYPES: types(contract), EXAMPLES: examples(contract)}
 
 
 if __name__ == "__main__":
-    main()
+    generate("client-types.py", __doc__, make)

@@ -3,23 +3,18 @@
 protocol/protocol.md.in, the text around them. "write" writes it; "check" fails when it differs.
 """
 
-import argparse
-import difflib
 import json
-import pathlib
 import re
-import sys
 import textwrap
 
-ROOT = pathlib.Path(__file__).resolve().parent.parent
-CONTRACT = "protocol/topics.json"
+from contract import CONTRACT, REFERENCE, generate
+
 TEMPLATE = "protocol/protocol.md.in"
 DOCUMENT = "docs/protocol.md"
 
 FIRST_LINE = f"<!-- Generated from {CONTRACT} and {TEMPLATE} by scripts/protocol.py. Edit those. -->"
 WIDTH = 100
 KINDS = {"string": "text", "boolean": "truth value", "object": "object"}
-REFERENCE = "#/$defs/"
 # What needs no table of its own.
 SHORT = ("presence", "uuid", "date_time", "category")
 
@@ -241,26 +236,9 @@ def document(contract, template):
     return f"{FIRST_LINE}\n{text}"
 
 
-def main():
-    parser = argparse.ArgumentParser(description=__doc__)
-    parser.add_argument("command", choices=["write", "check"])
-    parser.add_argument("--root", type=pathlib.Path, default=ROOT, help="the tree to work in")
-    options = parser.parse_args()
-
-    contract = json.loads((options.root / CONTRACT).read_text(encoding="utf-8"))
-    text = document(contract, (options.root / TEMPLATE).read_text(encoding="utf-8"))
-    path = options.root / DOCUMENT
-    if options.command == "write":
-        path.write_text(text, encoding="utf-8")
-        return
-    kept = path.read_text(encoding="utf-8") if path.exists() else ""
-    if kept != text:
-        changes = list(difflib.unified_diff(kept.splitlines(), text.splitlines(), DOCUMENT,
-                                            "what the contract says", lineterm="", n=1))
-        print("\n".join(changes[:40]))
-        sys.exit(f"protocol.py: {DOCUMENT} is not what {CONTRACT} and {TEMPLATE} say. "
-                 "Change those, then run: scripts/protocol.py write")
+def make(contract, root):
+    return {DOCUMENT: document(contract, (root / TEMPLATE).read_text(encoding="utf-8"))}
 
 
 if __name__ == "__main__":
-    main()
+    generate("protocol.py", __doc__, make)
