@@ -37,22 +37,6 @@ std::size_t lookOf(const QString &topic)
     return static_cast<unsigned>(size) ^ last << 2 ^ middle << 5 ^ nearLast << 7;
 }
 
-/// Deletes handlers with itself. Handed to deleteLater(), it outlives every signal and every nested
-/// event loop that is running now.
-class RetiredHandlers : public QObject
-{
-public:
-    RetiredHandlers(const QList<MessageHandler *> &handlers, QObject *parent)
-        : QObject(parent)
-        , m_handlers(handlers)
-    { }
-
-    ~RetiredHandlers() override { qDeleteAll(m_handlers); }
-
-private:
-    const QList<MessageHandler *> m_handlers;
-};
-
 bool isFaceReport(const Message &message)
 {
     if (message.type() != constants::GENERAL_TOUCH)
@@ -104,6 +88,32 @@ struct PanorelQueueBrocker::Subscribers
         else
             isReplaced = true;
     }
+};
+
+/// Deletes handlers with itself. Handed to deleteLater(), it outlives every signal and every nested
+/// event loop that is running now.
+class Q_DECL_HIDDEN PanorelQueueBrocker::RetiredHandlers : public QObject
+{
+public:
+    RetiredHandlers(const QList<MessageHandler *> &handlers, PanorelQueueBrocker *brocker)
+        : QObject(&brocker->m_retired)
+        , m_handlers(handlers)
+        , m_brocker(brocker)
+    { }
+
+    ~RetiredHandlers() override
+    {
+        // Before the program's event loop runs, one that a delivery runs brings us here. Whoever
+        // publishes may be one of the handlers: they wait for this delivery, too.
+        if (m_brocker->m_deliveries > 0)
+            m_brocker->m_cleared += m_handlers;
+        else
+            qDeleteAll(m_handlers);
+    }
+
+private:
+    const QList<MessageHandler *> m_handlers;
+    PanorelQueueBrocker *const m_brocker;
 };
 
 /// Marks a delivery; after the outermost one the handlers that were cleared in it are deleted.
@@ -299,7 +309,7 @@ QList<MessageHandler *> PanorelQueueBrocker::takeHandlers()
 
 void PanorelQueueBrocker::deleteLater(const QList<MessageHandler *> &handlers)
 {
-    (new RetiredHandlers(handlers, &m_retired))->deleteLater();
+    (new RetiredHandlers(handlers, this))->deleteLater();
 }
 
 } // namespace panorel

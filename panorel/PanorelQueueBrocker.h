@@ -58,6 +58,7 @@ private:
         Subscribers *subscribers;
     };
 
+    class RetiredHandlers;
     class DeliveryScope;
     class ReadingScope;
 

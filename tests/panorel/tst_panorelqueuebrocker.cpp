@@ -138,6 +138,7 @@ private Q_SLOTS:
     void keepsAHandlerThatSubscribesAgainAfterAClear();
     void clearWaitsForTheOutermostDelivery();
     void clearWaitsForNestedEventLoops();
+    void clearedHandlerOutlivesALoopInItsLaterDelivery();
     void destructorDeletesWhatStillWaits();
     void clearFromADeviceSignalAfterAPublish();
     void clearFromADeviceSignalOutsideADelivery();
@@ -746,6 +747,29 @@ void PanorelQueueBrockerTest::clearWaitsForNestedEventLoops()
     });
     outer.exec();
     QCOMPARE(aliveAfterInnerLoop, 1);
+    QCOMPARE(CountedHandler::count(), 0);
+}
+
+void PanorelQueueBrockerTest::clearedHandlerOutlivesALoopInItsLaterDelivery()
+{
+    // One signal, two messages: in the delivery of the first somebody clears, in that of the second
+    // somebody runs a loop. No loop runs around them, so nothing else keeps the handler.
+    Device device;
+    m_brocker->subscribe(topicB, new DeviceHandler(&device, [this] {
+                             m_brocker->publish(Message(topicA));
+                             m_brocker->publish(Message(topicA));
+                         }));
+    int aliveAfterLoop = -1;
+    m_brocker->subscribe(topicA, [&](const Message &) {
+        m_brocker->clear();
+        m_brocker->subscribe(topicA, [&aliveAfterLoop](const Message &) {
+            turnEventLoop();
+            aliveAfterLoop = CountedHandler::count();
+        });
+    });
+    Q_EMIT device.changed();
+    QCOMPARE(aliveAfterLoop, 1);
+    turnEventLoop();
     QCOMPARE(CountedHandler::count(), 0);
 }
 
