@@ -11,6 +11,7 @@ option(PANOREL_BUILD_SIMULATOR "Build the robot on a desk" ${PANOREL_TOP_LEVEL})
 option(PANOREL_BUILD_EXAMPLES "Build the numbered examples" ${PANOREL_TOP_LEVEL})
 option(PANOREL_BUILD_TESTS "Build the tests" ${PANOREL_TOP_LEVEL})
 option(PANOREL_BUILD_BENCHMARKS "Build the benchmarks" OFF)
+option(PANOREL_BUILD_FUZZERS "Build the fuzz targets with libFuzzer" OFF)
 if(PANOREL_TOP_LEVEL AND NOT PANOREL_HOST_TARGET)
   option(PANOREL_INSTALL "Install libraries, headers and the simulator" ON)
 else()
@@ -27,6 +28,13 @@ endif()
 if(PANOREL_BUILD_EXAMPLES AND NOT PANOREL_BUILD_SIMULATOR)
   message(FATAL_ERROR "The examples need the simulator's robot core: set PANOREL_BUILD_SIMULATOR "
     "to ON, or PANOREL_BUILD_EXAMPLES to OFF.")
+endif()
+
+if(PANOREL_BUILD_FUZZERS AND NOT (CMAKE_CXX_COMPILER_ID STREQUAL "Clang"
+                                  AND PANOREL_SANITIZE MATCHES "fuzzer-no-link"))
+  message(FATAL_ERROR "libFuzzer comes with clang and needs its marks in the library: set "
+    "CMAKE_CXX_COMPILER to clang++ and PANOREL_SANITIZE to fuzzer-no-link,address,undefined, as the "
+    "preset fuzz does, or PANOREL_BUILD_FUZZERS to OFF.")
 endif()
 
 if(PANOREL_INSTALL AND PANOREL_HOST_TARGET)
@@ -52,6 +60,11 @@ target_compile_options(panorel-build-options INTERFACE
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # Optimised, GCC 12 sees uninitialised shared pointers in every initialiser list of them.
   target_compile_options(panorel-build-options INTERFACE -Wno-maybe-uninitialized)
+elseif(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  # The widget's customEvent() is not QObject's, and is meant to be called so; Qt's logging macros are
+  # called without their optional argument.
+  target_compile_options(panorel-build-options INTERFACE
+    -Wno-overloaded-virtual -Wno-gnu-zero-variadic-macro-arguments)
 endif()
 if(PANOREL_WERROR)
   target_compile_options(panorel-build-options INTERFACE -Werror)

@@ -45,6 +45,8 @@ function(panorel_test_properties name label)
     set(asan detect_leaks=0)
     if(label MATCHES "^(unit|bridge)$")
       set(asan fast_unwind_on_malloc=0)
+    elseif(label STREQUAL "fuzz")
+      set(asan detect_leaks=1) # without a window nothing of Qt's shows, and whole stacks take time
     endif()
     set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT ASAN_OPTIONS=${asan})
   endif()

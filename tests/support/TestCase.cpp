@@ -3,10 +3,8 @@
 #include "tests/support/CountedHandler.h"
 #include "tests/support/MessageContract.h"
 
-#include <QEventLoop>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTimer>
 
 TestCase::~TestCase()
 {
@@ -68,12 +66,4 @@ QStringList TestCase::faultsOfMessages() const
         contract.countAsUsed(json, m_madeUpAttributes);
     }
     return all;
-}
-
-void turnEventLoop()
-{
-    QEventLoop loop;
-    QTimer::singleShot(0, &loop, &QEventLoop::quit);
-    loop.exec();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/support/EventLoop.h"
 #include "tests/support/LogRecorder.h"
 
 #include <QObject>
@@ -50,6 +51,3 @@ private:
     QStringList m_madeUpAttributes;
     bool m_makesUpAll = false;
 };
-
-/// Lets what waits for the event loop happen: posted events and deferred deletions.
-void turnEventLoop();

@@ -59,6 +59,12 @@ void TestMailServer::setOpen(bool open)
     m_changed.notify_all();
 }
 
+bool TestMailServer::isOpen() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_open;
+}
+
 void TestMailServer::letPass(const QString &to)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);

@@ -56,6 +56,7 @@ public:
 
     /// Closes the gate for all sends, or opens it.
     void setOpen(bool open);
+    bool isOpen() const;
     /// Lets one waiting send to this recipient pass.
     void letPass(const QString &to);
     /// What becomes of sends to @p to.
