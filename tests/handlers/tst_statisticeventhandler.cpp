@@ -7,8 +7,10 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <csignal>
 #include <ctime>
 
+#include <sys/resource.h>
 #include <sys/time.h>
 
 using panorel::StatisticEventHandler;
@@ -112,6 +114,7 @@ private Q_SLOTS:
     void changesTheFolderAtMidnight();
     void createsAFolderThatWasRemoved();
     void losesRecordsSilently();
+    void losesWhatDoesNotFitOnTheDisk();
 };
 
 void StatisticEventHandlerTest::namesTheFolderAfterThePeriod_data()
@@ -286,6 +289,25 @@ void StatisticEventHandlerTest::losesRecordsSilently()
     QVERIFY(obstacle.open(QIODevice::WriteOnly));
     record(QStringLiteral("visits"), {QStringLiteral("1")});
     QCOMPARE(obstacle.size(), 0LL);
+}
+
+void StatisticEventHandlerTest::losesWhatDoesNotFitOnTheDisk()
+{
+    // A limit of the process stands for a full disk: what fits is written, and then nothing more.
+    rlimit before;
+    QCOMPARE(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const auto handling = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit full = before;
+    full.rlim_cur = 4;
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &full), 0);
+    record(QStringLiteral("visits"), {QStringLiteral("123456")});
+    record(QStringLiteral("visits"), {QStringLiteral("7")});
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handling);
+    QCOMPARE(files().values(), QList<QByteArray>({"1234"}));
+
+    record(QStringLiteral("visits"), {QStringLiteral("8")});
+    QCOMPARE(files().values(), QList<QByteArray>({"12348"}));
 }
 
 QTEST_GUILESS_MAIN(StatisticEventHandlerTest)

@@ -104,6 +104,10 @@ void RecordsTest::replicaSplitsActions()
     for (const Action &action : replica.actions())
         raw.append(action.raw());
     QCOMPARE(raw, actions);
+
+    Action action(QStringLiteral("former"));
+    action.setRaw(text);
+    QCOMPARE(action.raw(), text);
 }
 
 void RecordsTest::replicaParsesItsUrl()
