@@ -198,7 +198,9 @@ void PanorelQueueBrocker::deliver(const Message &message, Subscribers *subscribe
 {
     const DeliveryScope delivery(this);
     const ReadingScope reading(subscribers);
-    const Message own(message); // a handler may be the end of the publisher's
+    // A handler may be the end of the publisher's.
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+    const Message own(message);
     for (MessageHandler *handler : subscribers->handlers) {
         if (handler)
             handler->handle(own);

@@ -110,7 +110,8 @@ void StatisticEventHandler::handle(Message message)
 /// changes only with a quarter of an hour: zones are multiples of that away from UTC.
 const QString &StatisticEventHandler::currentFolder()
 {
-    const qint64 quarter = std::time(nullptr) / (15 * 60);
+    constexpr qint64 secondsOfAQuarter = 900;
+    const qint64 quarter = std::time(nullptr) / secondsOfAQuarter;
     if (m_folder.isEmpty() || quarter != m_quarter) {
         m_quarter = quarter;
         m_folder = QDir::toNativeSeparators(m_directory) + QDir::separator()
