@@ -35,7 +35,8 @@ CameraPanel::CameraPanel(RobotCore *core, QWidget *parent)
 
     auto *controls = new QVBoxLayout;
     controls->setSpacing(6);
-    for (QWidget *widget : QList<QWidget *>{m_id, enters, leaves, allLeave, on})
+    const QList<QWidget *> widgets{m_id, enters, leaves, allLeave, on};
+    for (QWidget *widget : widgets)
         controls->addWidget(widget);
     controls->addStretch(1);
     auto *layout = new QHBoxLayout(this);

@@ -64,9 +64,10 @@ void PrinterPanel::addPaper(QGridLayout *grid)
     grid->addWidget(new QLabel(tr("Paper")), 1, 0);
     grid->addLayout(formRow({m_paper, new QLabel(tr("low from")), m_lowPaper}), 1, 1, 1, 2);
 
-    const auto changed = QOverload<int>::of(&QSpinBox::valueChanged);
-    connect(m_paper, changed, m_printer, &SimulatedPrinter::setPaper);
-    connect(m_lowPaper, changed, m_printer, &SimulatedPrinter::setLowPaper);
+    connect(m_paper, QOverload<int>::of(&QSpinBox::valueChanged), m_printer,
+            &SimulatedPrinter::setPaper);
+    connect(m_lowPaper, QOverload<int>::of(&QSpinBox::valueChanged), m_printer,
+            &SimulatedPrinter::setLowPaper);
     connect(m_printer, &SimulatedPrinter::paperChanged, this, &PrinterPanel::showPaper);
     connect(m_printer, &SimulatedPrinter::lowPaperChanged, this, &PrinterPanel::showPaper);
 }

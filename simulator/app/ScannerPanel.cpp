@@ -70,7 +70,8 @@ QWidget *ScannerPanel::createDevice()
     auto *column = new QVBoxLayout(device);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(4);
-    for (QWidget *widget : QList<QWidget *>{m_plug, m_document, m_options})
+    const QList<QWidget *> widgets{m_plug, m_document, m_options};
+    for (QWidget *widget : widgets)
         column->addWidget(widget);
     column->addStretch(1);
 

@@ -127,7 +127,8 @@ int main(int argc, char *argv[])
     equipment.dataFolder = dataFolder(commandLine);
     RobotCore core(equipment);
     tellProblem(core);
-    core.pace().setSpeed(commandLine.speed());
+    // The pace is a handle that all of the core share.
+    core.pace().setSpeed(commandLine.speed()); // clazy:exclude=writing-to-temporary
     core.replicas()->setScenario(scenario.scenario());
     SimulatorWindow window(&core);
     DemoVisit visit(&core, window.screen());

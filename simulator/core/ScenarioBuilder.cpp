@@ -10,16 +10,24 @@ namespace simulator {
 namespace {
 
 // The index of each name is its value.
-const QStringList Types{QStringLiteral("plain"), QStringLiteral("greeting"),
-                        QStringLiteral("farewell"), QStringLiteral("extra"),
-                        QStringLiteral("clarification")};
-const QStringList Animations{QStringLiteral("none"), QStringLiteral("greeting"),
-                             QStringLiteral("nod"), QStringLiteral("point"),
-                             QStringLiteral("farewell")};
+QStringList types()
+{
+    return {QStringLiteral("plain"), QStringLiteral("greeting"), QStringLiteral("farewell"),
+            QStringLiteral("extra"), QStringLiteral("clarification")};
+}
+
+QStringList animations()
+{
+    return {QStringLiteral("none"), QStringLiteral("greeting"), QStringLiteral("nod"),
+            QStringLiteral("point"), QStringLiteral("farewell")};
+}
 
 QString known(const QMap<QString, ID> &names)
 {
-    return names.isEmpty() ? QStringLiteral("none") : names.keys().join(QStringLiteral(", "));
+    if (names.isEmpty())
+        return QStringLiteral("none");
+    const QStringList sorted = names.keys();
+    return sorted.join(QStringLiteral(", "));
 }
 
 } // namespace
@@ -130,8 +138,9 @@ void ScenarioBuilder::readLine(const ScenarioObject &source)
                   QStringLiteral("known_person"), QStringLiteral("texts"),
                   QStringLiteral("choices")});
     line.id = uniqueId(object, line.name, &m_lineIds);
-    line.type = static_cast<Replica::Type>(object.oneOf(QStringLiteral("type"), Types));
-    line.animation = static_cast<Animation>(object.oneOf(QStringLiteral("animation"), Animations));
+    line.type = static_cast<Replica::Type>(object.oneOf(QStringLiteral("type"), types()));
+    line.animation =
+        static_cast<Animation>(object.oneOf(QStringLiteral("animation"), animations()));
     line.step = object.text(QStringLiteral("step"), QString());
     line.forKnownPerson = object.isTrue(QStringLiteral("known_person"));
 

@@ -40,7 +40,7 @@ const SqliteSchema &schema()
 }
 
 /// An empty text is a text, unlike a null one, which the database would take for no value at all.
-QVariant textOf(const QString &text) { return text.isNull() ? QStringLiteral("") : text; }
+QVariant textOf(const QString &text) { return text.isNull() ? QString(QLatin1String("")) : text; }
 
 QVariant textOf(const QDateTime &date)
 {
