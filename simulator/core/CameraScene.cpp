@@ -134,7 +134,7 @@ void CameraScene::wander(CameraPerson &person)
 // The standard's own distributions differ from library to library; this does not.
 double CameraScene::between(double low, double high)
 {
-    return low + (high - low) * (m_random() / 4294967296.0);
+    return low + (high - low) * (static_cast<double>(m_random()) / 4294967296.0);
 }
 
 } // namespace simulator

@@ -33,7 +33,7 @@ private:
     void readCategories(const ScenarioObject &file);
     void readAnswerSets(const ScenarioObject &file);
     void readMacros(const ScenarioObject &file);
-    void readLine(const ScenarioObject &object);
+    void readLine(const ScenarioObject &source);
     QList<DialogScenario::Choice> readChoices(const ScenarioObject &object) const;
     void readPattern(const ScenarioObject &object);
     DialogScenario::Expression readExpression(const ScenarioObject &object,

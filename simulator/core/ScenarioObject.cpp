@@ -44,7 +44,7 @@ QString ScenarioObject::text(const QString &key) const
         addMistake(QStringLiteral("%1 is missing; add it.").arg(quoted(key)));
         return {};
     }
-    const QString text = m_object.value(key).toString();
+    QString text = m_object.value(key).toString();
     if (text.trimmed().isEmpty())
         addMistake(QStringLiteral("%1 has to be a text that is not empty.").arg(quoted(key)));
     return text;
