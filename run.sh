@@ -68,4 +68,5 @@ export QT_QPA_PLATFORM=xcb QT_QUICK_BACKEND=software
 export QTWEBENGINE_CHROMIUM_FLAGS="${QTWEBENGINE_CHROMIUM_FLAGS:---disable-gpu}"
 # The display's password stays in the private folder: a folder that xvfb-run makes for it may fail to
 # go away, and then its status takes the simulator's place.
-exec xvfb-run -a -f "$XDG_RUNTIME_DIR/panorel-xvfb.authority" -s '-screen 0 1280x800x24' "$simulator" "${arguments[@]}"
+exec xvfb-run -a -f "$XDG_RUNTIME_DIR/panorel-xvfb.authority" -s '-screen 0 1280x800x24' \
+    "$simulator" "${arguments[@]}"

@@ -1,4 +1,5 @@
-# Shared by run.sh, test.sh and scripts/bench.sh: what they need before a build. Sourced, never run.
+# Shared by run.sh, test.sh and the scripts of this folder: messages, options, what a build needs, and
+# programs that run apart. Sourced, never run.
 
 say() { printf '%s: %s\n' "$(basename "$0")" "$*" >&2; }
 
