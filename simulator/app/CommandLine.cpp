@@ -1,5 +1,7 @@
 #include "simulator/app/CommandLine.h"
 
+#include "simulator/app/ServerOptions.h"
+
 #include <QCommandLineParser>
 
 #include <algorithm>
@@ -74,6 +76,7 @@ struct Options
         QStringLiteral("What the robot does not have, separated by commas: %1.")
             .arg(allDeviceNames()),
         QStringLiteral("NAMES")};
+    ServerOptions server;
     QCommandLineOption log{
         QStringLiteral("log"),
         QStringLiteral("Write the library's debug log to the standard error output.")};
@@ -85,8 +88,9 @@ Options::Options()
         "A robot on the desk: shows a page as the robot's touch screen would, and beside it what\n"
         "the page asks of the robot, buttons for everything that can happen on a robot, and the\n"
         "messages in both directions.\n\n"
-        "Exit codes: 0 done, 1 page, scenario or picture failed, 2 wrong arguments."));
+        "Exit codes: 0 done, 1 page, scenario, picture or server failed, 2 wrong arguments."));
     parser.addOptions({help, page, scenario, screenshot, demo, speed, data, without, log});
+    parser.addOptions(server.all());
 }
 
 } // namespace
@@ -145,6 +149,19 @@ CommandLine::CommandLine(const QStringList &arguments)
                 return;
             }
         }
+    }
+
+    m_serve = parser.isSet(options.server.serve);
+    m_server.port = ServerOptions::DefaultPort;
+    const QString wrongServer = options.server.read(parser, m_server);
+    if (!wrongServer.isEmpty()) {
+        mistake(wrongServer);
+        return;
+    }
+    if (m_serve && parser.isSet(options.screenshot)) {
+        mistake(QStringLiteral("--serve shows no page in the window, so there is nothing for "
+                               "--screenshot to take a picture of."));
+        return;
     }
 
     m_page = parser.value(options.page);

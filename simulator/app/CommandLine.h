@@ -1,6 +1,7 @@
 #pragma once
 
 #include "simulator/core/RobotCore.h"
+#include "simulator/server/PageServer.h"
 
 #include <QString>
 #include <QStringList>
@@ -32,6 +33,10 @@ public:
     QString data() const { return m_data; }
     /// The devices that the robot has. It names no data folder.
     const RobotCore::Equipment &equipment() const { return m_equipment; }
+    /// Whether the page is served to a browser, in place of being shown in the window; then the rest of
+    /// what the server is told. It names no folder.
+    bool serve() const { return m_serve; }
+    const PageServer::Settings &server() const { return m_server; }
     bool demo() const { return m_demo; }
     bool log() const { return m_log; }
     /// How fast the robot's time runs: 1 is real time.
@@ -47,6 +52,8 @@ private:
     QString m_screenshot;
     QString m_data;
     RobotCore::Equipment m_equipment;
+    PageServer::Settings m_server;
+    bool m_serve = false;
     bool m_demo = false;
     bool m_log = false;
     double m_speed = 1.0;

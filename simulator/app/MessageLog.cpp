@@ -1,12 +1,8 @@
 #include "simulator/app/MessageLog.h"
 
-#include "panorel/Constants.h"
-#include "panorel/PanorelMessageHandler.h"
-
 #include <QColor>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSet>
 
 namespace simulator {
 
@@ -20,40 +16,6 @@ QString cut(const QString &text, int length)
     if (text.size() <= length)
         return text;
     return text.left(length) + QStringLiteral("… (%1 characters)").arg(text.size());
-}
-
-const QSet<QString> &requestTopics()
-{
-    using namespace panorel::constants;
-    static const QSet<QString> topics = {
-        ABORT_ROBOT_REPLIC,
-        SAY,
-        GET_REPLICA,
-        PRINT,
-        PRINT_STATE,
-        DISPENSE,
-        LOG,
-        STATISTIC,
-        INTERACTION_CONTROL,
-        GET_ENVIRONMENT,
-        SETTINGS_GET,
-        SOUND_PROPERTIES,
-        SET_LANGUAGE,
-        PLAY_EXTERNAL,
-        DRIVE_CONTROL,
-        SCRIPTS_CONTROL,
-        FACE_RECOGNIZE_CONTROL,
-        DATABASE_USER_REQUEST,
-        SIP_CONTROL,
-        SCANNER_PASSPORT_REQUEST,
-        SCANNER_DOCUMENT_REQUEST,
-        RECORD_AUDIO_REQUEST,
-        MAIL_SENDER_REQUEST,
-        OPERATOR_CALL_REQUEST,
-        KEYBOARD_CONTROL_REQUEST,
-        QUESTION_ANSWER,
-    };
-    return topics;
 }
 
 QString directionText(MessageLog::Direction direction)
@@ -146,37 +108,6 @@ void MessageLog::setLimit(int limit)
 qint64 MessageLog::total(Direction direction) const
 {
     return m_totals[static_cast<int>(direction)];
-}
-
-MessageLog::Direction MessageLog::directionOf(const panorel::Message &message)
-{
-    using namespace panorel::constants;
-    const QString topic = message.type();
-    const QMap<QString, QVariant> attributes = message.attributes();
-
-    // Face reports of the widget share their topic with the page's touches.
-    if (topic == GENERAL_TOUCH)
-        return isFaceReport(message) ? Direction::Inside : Direction::PageToRobot;
-    if (requestTopics().contains(topic)) {
-        // Everything that came over the bridge has an "id" entry; the host's own code may publish
-        // requests too.
-        return attributes.contains(QStringLiteral("id")) ? Direction::PageToRobot
-                                                         : Direction::Inside;
-    }
-    if (panorel::PanorelMessageHandler::topics().contains(topic))
-        return Direction::RobotToPage;
-    return attributes.contains(QStringLiteral("id")) ? Direction::PageToRobot : Direction::Inside;
-}
-
-bool MessageLog::isFaceReport(const panorel::Message &message)
-{
-    using namespace panorel::constants;
-    const QString topic = message.type();
-    if (topic != GENERAL_TOUCH)
-        return topic == FACE_RECOGNIZE_INFO;
-    const QMap<QString, QVariant> attributes = message.attributes();
-    return attributes.contains(QStringLiteral("rect"))
-        || attributes.contains(QStringLiteral("info"));
 }
 
 int MessageLog::rowCount(const QModelIndex &parent) const

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "panorel/Message.h"
+#include "simulator/server/MessageKind.h"
 
 #include <QAbstractTableModel>
 #include <QTime>
@@ -14,7 +14,7 @@ class MessageLog : public QAbstractTableModel
     Q_OBJECT
 
 public:
-    enum class Direction { PageToRobot, RobotToPage, Inside };
+    using Direction = MessageDirection;
     enum Column { TimeColumn, DirectionColumn, TopicColumn, AttributesColumn, ColumnCount };
     enum Role {
         /// All of a message's text in one, for a filter.
@@ -39,10 +39,6 @@ public:
 
     /// How many messages went in @p direction since the start, whatever became of them here.
     qint64 total(Direction direction) const;
-
-    static Direction directionOf(const panorel::Message &message);
-    /// Whether it tells where the faces stand or who they are.
-    static bool isFaceReport(const panorel::Message &message);
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;

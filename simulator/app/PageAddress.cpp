@@ -29,6 +29,14 @@ PageAddress::PageAddress(const QString &text)
         findFile(text);
 }
 
+QString PageAddress::folder() const { return QFileInfo(m_url.toLocalFile()).path(); }
+
+QString PageAddress::fileName() const
+{
+    const QString name = m_url.fileName();
+    return name == QLatin1String(indexFile) ? QString() : name;
+}
+
 void PageAddress::findSample()
 {
     const QDir program(QCoreApplication::applicationDirPath());

@@ -14,6 +14,11 @@ public:
 
     bool isFound() const { return m_error.isEmpty(); }
     QUrl url() const { return m_url; }
+    /// Whether the page is a file of this machine; then its folder, and its name in it, which is empty
+    /// for an index.html.
+    bool isFile() const { return m_url.isLocalFile(); }
+    QString folder() const;
+    QString fileName() const;
     /// What is wrong and what to do; empty when the page was found. A page on a server counts as
     /// found: whether it is there shows when it is loaded.
     QString error() const { return m_error; }

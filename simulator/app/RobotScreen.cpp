@@ -4,6 +4,7 @@
 #include "simulator/app/RecordingBrocker.h"
 
 #include <QResizeEvent>
+#include <QWebChannel>
 
 namespace simulator {
 
@@ -27,6 +28,11 @@ MessageReporter *RobotScreen::reporter() const
 }
 
 QWebEngineView *RobotScreen::view() const { return d->view; }
+
+QHash<QString, QObject *> RobotScreen::pageObjects() const
+{
+    return d->channel->registeredObjects();
+}
 
 void RobotScreen::resizeEvent(QResizeEvent *event)
 {

@@ -2,6 +2,8 @@
 
 #include "panorel/Panorel.h"
 
+#include <QHash>
+
 class QWebEngineView;
 
 namespace simulator {
@@ -19,6 +21,9 @@ public:
     /// Both live as long as the screen.
     MessageReporter *reporter() const;
     QWebEngineView *view() const;
+
+    /// What the page reaches through the web channel, by name, for another road to a page.
+    QHash<QString, QObject *> pageObjects() const;
 
 Q_SIGNALS:
     void resized(const QSize &size);

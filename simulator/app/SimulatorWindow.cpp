@@ -5,6 +5,7 @@
 #include "simulator/app/MessageLog.h"
 #include "simulator/app/MessageReporter.h"
 #include "simulator/app/RobotScreen.h"
+#include "simulator/app/ServedView.h"
 #include "simulator/core/RobotCore.h"
 #include "simulator/core/SimulatedDialogModule.h"
 #include "simulator/core/SimulatedPlugin.h"
@@ -49,6 +50,15 @@ SimulatorWindow::~SimulatorWindow()
 {
     // The screen goes while the log is there: what its handlers may still publish has a place.
     delete takeCentralWidget();
+}
+
+void SimulatorWindow::serve(PageServer *server)
+{
+    auto *splitter = static_cast<QSplitter *>(centralWidget());
+    splitter->replaceWidget(splitter->indexOf(m_screen), new ServedView(server));
+    // The bus and its handlers are the screen's, seen or not.
+    m_screen->setParent(splitter);
+    m_screen->hide();
 }
 
 void SimulatorWindow::load(const QUrl &url) { m_screen->load(QString::fromUtf8(url.toEncoded())); }

@@ -7,6 +7,7 @@ class QUrl;
 namespace simulator {
 
 class MessageLog;
+class PageServer;
 class RobotCore;
 class RobotScreen;
 
@@ -21,6 +22,9 @@ public:
     ~SimulatorWindow() override;
 
     void load(const QUrl &url);
+    /// Shows where @p server has the page in place of the page. The server is not owned and outlives
+    /// the window's use.
+    void serve(PageServer *server);
 
     /// Both live as long as the window.
     RobotScreen *screen() const { return m_screen; }

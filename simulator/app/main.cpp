@@ -1,13 +1,17 @@
 #include "simulator/app/CommandLine.h"
 #include "simulator/app/DemoVisit.h"
+#include "simulator/app/MessageReporter.h"
 #include "simulator/app/PageAddress.h"
 #include "simulator/app/QuitSignals.h"
+#include "simulator/app/RobotScreen.h"
 #include "simulator/app/Screenshot.h"
 #include "simulator/app/SimulatorWindow.h"
 #include "simulator/core/RobotCore.h"
 #include "simulator/core/ScenarioReader.h"
 #include "simulator/core/SimulatedReplicas.h"
 #include "simulator/core/SqliteUsersDatabase.h"
+#include "simulator/server/PageServer.h"
+#include "simulator/server/RobotControl.h"
 
 #include <QApplication>
 #include <QFont>
@@ -17,6 +21,7 @@
 #include <QTimer>
 
 #include <cstdio>
+#include <memory>
 
 using namespace simulator;
 
@@ -30,6 +35,7 @@ const qreal LargestFont = 9.5;
 void print(FILE *stream, const QString &text)
 {
     std::fprintf(stream, "%s\n", qUtf8Printable(text.trimmed()));
+    std::fflush(stream); // whoever started the program reads it while it runs
 }
 
 // Before the application is made: a mistake needs no display to be told.
@@ -74,6 +80,31 @@ void tellProblem(const RobotCore &core)
         print(stderr, problem + QStringLiteral("\nAnother folder is given with --data."));
 }
 
+/// Puts the page into a browser in place of the window. Returns null when it cannot be served.
+std::unique_ptr<PageServer> serve(const CommandLine &commandLine, const PageAddress &page,
+                                  SimulatorWindow *window, RobotControl *control)
+{
+    PageServer::Settings settings = commandLine.server();
+    settings.folder = page.folder();
+    settings.page = page.fileName();
+    auto server = std::make_unique<PageServer>(settings, window->screen()->pageObjects(), control);
+    if (!server->listen()) {
+        print(stderr, server->problem());
+        return nullptr;
+    }
+    if (!settings.address.isLoopback())
+        print(stderr,
+              QStringLiteral("Warning: other machines can reach this robot at %1. The token "
+                             "keeps strangers out, but whoever listens on the network can "
+                             "read it.")
+                  .arg(settings.address.toString()));
+    QObject::connect(server.get(), &PageServer::refused, server.get(),
+                     [](const QString &reason) { print(stderr, reason); });
+    window->serve(server.get());
+    print(stdout, QStringLiteral("Serving ") + server->address().toString(QUrl::FullyEncoded));
+    return server;
+}
+
 /// Starts the visit when the page has had time to connect to the robot.
 void playVisit(DemoVisit *visit, SimulatorWindow *window)
 {
@@ -109,6 +140,12 @@ int main(int argc, char *argv[])
         print(stderr, page.error());
         return Failed;
     }
+    if (commandLine.serve() && !page.isFile()) {
+        print(stderr,
+              QStringLiteral("--serve serves a file or a folder; %1 has a server already.")
+                  .arg(page.url().toDisplayString()));
+        return Failed;
+    }
     const ScenarioReader scenario(commandLine.scenario());
     if (!scenario.isRead()) {
         print(stderr, scenario.error());
@@ -133,6 +170,24 @@ int main(int argc, char *argv[])
     SimulatorWindow window(&core);
     DemoVisit visit(&core, window.screen());
     Screenshot screenshot(&window, commandLine.screenshot());
+
+    RobotControl control(&core, window.screen()->brocker());
+    QObject::connect(window.screen()->reporter(), &MessageReporter::published, control.history(),
+                     &MessageHistory::add);
+    std::unique_ptr<PageServer> server;
+    if (commandLine.serve()) {
+        server = serve(commandLine, page, &window, &control);
+        if (!server)
+            return Failed;
+        if (commandLine.demo())
+            QObject::connect(server.get(), &PageServer::browsersChanged, &visit,
+                             [&visit](int count) {
+                                 if (count > 0)
+                                     QTimer::singleShot(ConnectTime, &visit, &DemoVisit::start);
+                             });
+        window.show();
+        return QApplication::exec();
+    }
 
     if (commandLine.demo() || takePicture)
         playVisit(&visit, &window);

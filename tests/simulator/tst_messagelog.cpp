@@ -12,7 +12,7 @@ using simulator::MessageLog;
 using Direction = MessageLog::Direction;
 namespace topics = panorel::constants;
 
-Q_DECLARE_METATYPE(MessageLog::Direction)
+Q_DECLARE_METATYPE(simulator::MessageDirection)
 
 class MessageLogTest : public TestCase
 {
@@ -92,13 +92,13 @@ void MessageLogTest::tellsDirections()
     QMap<QString, QVariant> attributes = json.toVariantMap();
     const QString topic = attributes.take(QStringLiteral("type")).toString();
     const Message message = bridge ? fromPage(json) : Message(topic, attributes);
-    QCOMPARE(MessageLog::directionOf(message), direction);
+    QCOMPARE(simulator::directionOf(message), direction);
 }
 
 void MessageLogTest::knowsEachTopicOfThePage()
 {
     for (const QString &topic : panorel::PanorelMessageHandler::topics())
-        QVERIFY2(MessageLog::directionOf(Message(topic)) == Direction::RobotToPage,
+        QVERIFY2(simulator::directionOf(Message(topic)) == Direction::RobotToPage,
                  qPrintable(topic));
 }
 

@@ -34,15 +34,39 @@ window.sample = window.sample || {};
     });
   }
 
-  function openChannel() {
+  // Over the transport that the robot's screen gives its page or, in an ordinary browser, over the
+  // WebSocket of the simulator whose token is in the page's address.
+  async function openChannel() {
+    const token = new URLSearchParams(window.location.search).get('token');
+    let transport = window.qt && window.qt.webChannelTransport;
+    if (transport) {
+      await loadScript('qrc:///qtwebchannel/qwebchannel.js');
+    } else if (token) {
+      await loadScript('/qwebchannel.js');
+      transport = await openSocket('/channel?token=' + encodeURIComponent(token));
+    } else {
+      throw new Error('qt.webChannelTransport is missing');
+    }
+    return new Promise((resolve) => {
+      new window.QWebChannel(transport, resolve);
+    });
+  }
+
+  function loadScript(address) {
     return new Promise((resolve, reject) => {
-      if (!window.qt || !window.qt.webChannelTransport) {
-        reject(new Error('qt.webChannelTransport is missing'));
-      } else if (typeof window.QWebChannel !== 'function') {
-        reject(new Error('qwebchannel.js was not loaded'));
-      } else {
-        new window.QWebChannel(window.qt.webChannelTransport, resolve);
-      }
+      const script = document.createElement('script');
+      script.src = address;
+      script.onload = resolve;
+      script.onerror = () => reject(new Error(address + ' was not loaded'));
+      document.head.appendChild(script);
+    });
+  }
+
+  function openSocket(path) {
+    return new Promise((resolve, reject) => {
+      const socket = new WebSocket('ws://' + window.location.host + path);
+      socket.onopen = () => resolve(socket);
+      socket.onclose = (event) => reject(new Error('the simulator closed: ' + event.reason));
     });
   }
 
