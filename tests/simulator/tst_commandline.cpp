@@ -14,6 +14,7 @@ private Q_SLOTS:
     void rejects_data();
     void rejects();
     void helpNamesEveryOption();
+    void readsHowToServe();
     void takesDevicesAway_data();
     void takesDevicesAway();
     void namesTheDevicesThatItKnows();
@@ -51,6 +52,7 @@ void CommandLineTest::defaults()
     QVERIFY(line.data().isEmpty());
     QVERIFY(!line.demo());
     QVERIFY(!line.log());
+    QVERIFY(!line.serve());
     QCOMPARE(line.speed(), 1.0);
     QCOMPARE(missing(line), QString());
 }
@@ -92,6 +94,19 @@ void CommandLineTest::rejects_data()
         QStringLiteral("\"toaster\""));
     row("device in capitals", {QStringLiteral("--without=Printer")}, QStringLiteral("\"Printer\""));
     row("missing device name", {QStringLiteral("--without=printer,")}, QStringLiteral("\"\""));
+    row("no port", {QStringLiteral("--serve"), QStringLiteral("--port=http")},
+        QStringLiteral("--port"));
+    row("port too large", {QStringLiteral("--serve"), QStringLiteral("--port=65536")},
+        QStringLiteral("65535"));
+    row("name to listen at", {QStringLiteral("--serve"), QStringLiteral("--listen=robot")},
+        QStringLiteral("0.0.0.0"));
+    row("no origin", {QStringLiteral("--serve"), QStringLiteral("--allow-origin=localhost")},
+        QStringLiteral("--allow-origin"));
+    row("picture of nothing", {QStringLiteral("--serve"), QStringLiteral("--screenshot=a.png")},
+        QStringLiteral("--screenshot"));
+    for (const char *option :
+         {"--port=0", "--listen=::1", "--allow-origin=http://a", "--one-browser"})
+        row(option, {QLatin1String(option)}, QStringLiteral("only with --serve"));
     for (const char *speed : {"fast", "0", "-1", "nan", "inf", "10001", ""}) {
         row(qPrintable(QStringLiteral("speed %1").arg(QLatin1String(speed))),
             {QStringLiteral("--speed=%1").arg(QLatin1String(speed))}, QStringLiteral("--speed"));
@@ -112,9 +127,31 @@ void CommandLineTest::helpNamesEveryOption()
 {
     QCOMPARE(parse({QStringLiteral("--help")}).outcome(), CommandLine::Outcome::ShowHelp);
     QCOMPARE(parse({QStringLiteral("-h")}).outcome(), CommandLine::Outcome::ShowHelp);
-    for (const char *option : {"--page", "--scenario", "--screenshot", "--demo", "--speed",
-                               "--data", "--without", "--log", "--help"})
+    for (const char *option :
+         {"--page", "--scenario", "--screenshot", "--demo", "--speed", "--data", "--without",
+          "--log", "--help", "--serve", "--port", "--listen", "--allow-origin", "--one-browser"})
         QVERIFY2(CommandLine::helpText().contains(QLatin1String(option)), option);
+}
+
+void CommandLineTest::readsHowToServe()
+{
+    const CommandLine plain = parse({QStringLiteral("--serve")});
+    QVERIFY(plain.serve());
+    QCOMPARE(plain.server().port, static_cast<quint16>(8080));
+    QCOMPARE(plain.server().address, QHostAddress(QHostAddress::LocalHost));
+    QVERIFY(!plain.server().singleBrowser);
+    QVERIFY(plain.server().token != parse({QStringLiteral("--serve")}).server().token);
+
+    const CommandLine line = parse(
+        {QStringLiteral("--serve"), QStringLiteral("--port=0"), QStringLiteral("--listen=0.0.0.0"),
+         QStringLiteral("--allow-origin=http://localhost:5173"),
+         QStringLiteral("--allow-origin=https://b"), QStringLiteral("--one-browser")});
+    QCOMPARE(line.outcome(), CommandLine::Outcome::Run);
+    QCOMPARE(line.server().port, static_cast<quint16>(0));
+    QCOMPARE(line.server().address, QHostAddress(QHostAddress::AnyIPv4));
+    QCOMPARE(line.server().origins,
+             (QStringList{QStringLiteral("http://localhost:5173"), QStringLiteral("https://b")}));
+    QVERIFY(line.server().singleBrowser);
 }
 
 void CommandLineTest::takesDevicesAway_data()
