@@ -3,6 +3,9 @@ import { PanorelError } from './errors.js'
 /** The name of the robot's object in the web channel. */
 const CORE_NAME = '_karvel_internal'
 
+/** The close code of a server that will not have this page, however often it comes back. */
+const REFUSED = 1008
+
 /** What a web channel gives for the robot: the seam between this package and what carries it. */
 export interface Core {
   readonly message: {
@@ -30,8 +33,9 @@ export interface Line {
   close(): void
 }
 
-/** Makes one attempt; calls @p lost when a connection that it made has broken. */
-export type Opener = (lost: () => void) => Line
+/** Makes one attempt; calls @p lost when a connection that it made has broken, with the reason when
+ *  no other attempt would do better. */
+export type Opener = (lost: (refusal?: PanorelError) => void) => Line
 
 /** The robot in a web channel. */
 export function coreOf(channel: WebChannel): Core {
@@ -49,11 +53,20 @@ export function overTransport(transport: Transport, library: string): Opener {
 export function overWebSocket(address: string, library: string): Opener {
   return (lost) => {
     const socket = new WebSocket(address)
+    const [server] = address.split('?')
+    let isOpen = false
     const ready = new Promise<void>((resolve, reject) => {
-      const refused = `no connection to ${address.split('?')[0]}`
-      socket.onclose = () => reject(new PanorelError('no-robot', refused))
+      socket.onclose = ({ code, reason }) => {
+        if (code === REFUSED) {
+          lost(new PanorelError('no-robot', `${server} refuses this page`, code, reason))
+        } else if (isOpen) {
+          lost()
+        } else {
+          reject(new PanorelError('no-robot', `no connection to ${server}`))
+        }
+      }
       socket.onopen = () => {
-        socket.onclose = lost
+        isOpen = true
         resolve()
       }
     })

@@ -27,7 +27,8 @@ let shared: Promise<Robot> | undefined
 /**
  * Finds the robot behind this page: the one whose screen shows it, or the one that a simulator
  * serves, when the page's own address or `url` has a token. Resolves when the robot can be spoken
- * to. Rejects with a PanorelError of kind "no-robot", at once when nothing leads to a robot.
+ * to. Rejects with a PanorelError of kind "no-robot", at once when nothing leads to a robot or its
+ * server refuses this page.
  *
  * @example
  * connect().then(

@@ -1,7 +1,7 @@
 /**
  * What went wrong:
- * - `no-robot`: there is no robot behind this page, or it cannot be reached.
- * - `disconnected`: the connection broke, or `close()` ended it.
+ * - `no-robot`: there is no robot behind this page, it cannot be reached, or it refuses this page.
+ * - `disconnected`: the connection broke, or `close()` or the robot's server ended it.
  * - `timeout`: the robot did not answer in time.
  * - `aborted`: the page gave up, by its AbortSignal.
  * - `no-answer`: the robot has dealt with the request and says nothing to it.

@@ -44,7 +44,7 @@ export function openRobot(open: Opener, timeout: number): Promise<Robot> {
     function attempt(): void {
       let mine: Line | undefined
       try {
-        mine = open(() => leave(mine))
+        mine = open((refusal) => leave(mine, undefined, refusal))
       } catch (error) {
         leave(undefined, error)
         return
@@ -69,8 +69,14 @@ export function openRobot(open: Opener, timeout: number): Promise<Robot> {
       resolve(robot)
     }
 
-    function leave(from: Line | undefined, error?: unknown): void {
+    function leave(from: Line | undefined, error?: unknown, refusal?: PanorelError): void {
       if (line !== from || state === 'closed') return
+      if (refusal) {
+        // A page that still waits for its robot is told by the promise.
+        if (state !== 'connecting') console.warn(`panorel: ${refusal.message}`)
+        end(refusal)
+        return
+      }
       reason = error || reason
       drop()
       timer = setTimeout(attempt, delay)
@@ -89,12 +95,15 @@ export function openRobot(open: Opener, timeout: number): Promise<Robot> {
       if (oldCore) guarded(() => oldCore.message.disconnect(deliver))
     }
 
-    function close(): void {
+    // For good.
+    function end(error: PanorelError): void {
       if (state === 'closed') return
       clearTimeout(limit)
       drop()
       become('closed')
-      requests.lost(new PanorelError('disconnected', 'the page closed the connection'))
+      requests.lost(new PanorelError('disconnected', error.message))
+      // Nothing happens where the page has its robot already.
+      reject(error)
     }
 
     // Typed where it is used: here topics are texts.
@@ -119,13 +128,12 @@ export function openRobot(open: Opener, timeout: number): Promise<Robot> {
               new PanorelError('disconnected', `${topic}: there is no connection to the robot`),
             )
       },
-      close,
+      close: () => end(new PanorelError('disconnected', 'the page closed the connection')),
     } as unknown as Robot
 
     const limit = setTimeout(() => {
-      close()
       const words = reason instanceof Error ? `: ${reason.message}` : ''
-      reject(new PanorelError('no-robot', `no robot within ${timeout} ms${words}`))
+      end(new PanorelError('no-robot', `no robot within ${timeout} ms${words}`))
     }, timeout)
     attempt()
   })

@@ -1,6 +1,7 @@
 import { beforeEach, describe, expect, it, vi } from 'vitest'
 import { connect, type RobotState } from '../src/index.js'
 import { fakeRobot } from '../src/testing/index.js'
+import { takeConsole } from './support/console.js'
 import { ChannelServer, QWebChannel } from './support/protocol.js'
 import { connected, failure, settled } from './support/robots.js'
 
@@ -8,7 +9,7 @@ import { connected, failure, settled } from './support/robots.js'
 class Socket {
   static all: Socket[] = []
   onopen: (() => void) | null = null
-  onclose: (() => void) | null = null
+  onclose: ((event: { code: number; reason: string }) => void) | null = null
   onmessage: ((event: { data: string }) => void) | null = null
   isClosed = false
   constructor(readonly url: string) {
@@ -17,6 +18,9 @@ class Socket {
   send(_text: string) {}
   close() {
     this.isClosed = true
+  }
+  lose(code = 1006, reason = '') {
+    this.onclose?.({ code, reason })
   }
   async accept() {
     new ChannelServer(await fakeRobot().open(() => {}).ready, this as never)
@@ -63,11 +67,74 @@ describe('without a robot', () => {
       'no-robot',
     )
     await settled()
-    Socket.all[0]?.onclose?.()
+    Socket.all[0]?.lose()
     await vi.advanceTimersByTimeAsync(3000)
     expect((await error).message).toBe(
       'no robot within 3000 ms: no connection to ws://localhost:8080/channel',
     )
+    expect(vi.getTimerCount()).toBe(0)
+  })
+})
+
+describe('a server that refuses the page', () => {
+  const url = 'http://localhost:8080/?token=secret'
+  const message = 'ws://localhost:8080/channel refuses this page: wrong token'
+
+  it.each([
+    ['before the handshake has ended', () => {}],
+    ['right after the handshake', (socket: Socket) => socket.onopen?.()],
+    ['while the web channel opens', (socket: Socket) => [socket.onopen?.(), settled()][1]],
+  ])('%s is not asked again, and its reason is told at once', async (_, act) => {
+    const error = failure(connect({ url }), 'no-robot')
+    const [socket] = Socket.all as [Socket]
+    await act(socket)
+    socket.lose(1008, 'wrong token')
+    expect(await error).toMatchObject({ message, code: 1008, said: 'wrong token' })
+    await vi.advanceTimersByTimeAsync(60000)
+    expect(Socket.all.length).toBe(1)
+    expect(vi.getTimerCount()).toBe(0)
+  })
+
+  it('need not say why', async () => {
+    const error = failure(connect({ url }), 'no-robot')
+    Socket.all[0]?.lose(1008)
+    expect((await error).message).toBe('ws://localhost:8080/channel refuses this page')
+  })
+
+  it('is not asked again at a second attempt either', async () => {
+    const error = failure(connect({ url }), 'no-robot')
+    Socket.all[0]?.lose()
+    await vi.advanceTimersByTimeAsync(250)
+    Socket.all[1]?.onopen?.()
+    Socket.all[1]?.lose(1008, 'wrong token')
+    expect((await error).message).toBe(message)
+    expect(vi.getTimerCount()).toBe(0)
+  })
+
+  it('at a reconnect closes the robot', async () => {
+    const { robot, states } = await overSocket()
+    Socket.all[0]?.lose()
+    await vi.advanceTimersByTimeAsync(250)
+    Socket.all[1]?.onopen?.()
+    Socket.all[1]?.lose(1008, 'wrong token')
+    await vi.advanceTimersByTimeAsync(60000)
+    expect([robot.state, ...states]).toEqual(['closed', 'reconnecting', 'closed'])
+    expect(takeConsole()).toEqual([`panorel: ${message}`])
+    expect(Socket.all.length).toBe(2)
+    expect(Socket.all[1]?.isClosed).toBe(true)
+    await failure(robot.request('printer.print'), 'disconnected')
+  })
+
+  it('closes a robot that is connected, and rejects what is under way', async () => {
+    const { robot, states } = await overSocket()
+    const request = failure(robot.request('operator.call.request', { call: false }), 'disconnected')
+    Socket.all[0]?.lose(1008, 'another page has the robot')
+    expect((await request).said).toBeUndefined()
+    expect((await request).message).toContain('another page has the robot')
+    await vi.advanceTimersByTimeAsync(60000)
+    expect(states).toEqual(['closed'])
+    expect(takeConsole().length).toBe(1)
+    expect(Socket.all.length).toBe(1)
     expect(vi.getTimerCount()).toBe(0)
   })
 })
@@ -160,7 +227,7 @@ describe('a lost connection', () => {
     const heard: string[] = []
     robot.onAny((topic) => heard.push(topic))
     const request = failure(robot.request('operator.call.request', { call: false }), 'disconnected')
-    Socket.all[0]?.onclose?.()
+    Socket.all[0]?.lose()
     await request
     expect(robot.state).toBe('reconnecting')
 
@@ -169,7 +236,7 @@ describe('a lost connection', () => {
       expect(Socket.all.length).toBe(index + 1)
       await vi.advanceTimersByTimeAsync(1)
       expect(Socket.all.length).toBe(index + 2)
-      Socket.all[index + 1]?.onclose?.()
+      Socket.all[index + 1]?.lose()
       await settled()
     }
     await vi.advanceTimersByTimeAsync(10000)
@@ -179,7 +246,7 @@ describe('a lost connection', () => {
     expect(heard).toEqual(['printer.success'])
 
     // The next loss begins with short delays again.
-    Socket.all[9]?.onclose?.()
+    Socket.all[9]?.lose()
     await vi.advanceTimersByTimeAsync(250)
     expect(Socket.all.length).toBe(11)
     robot.close()
@@ -187,7 +254,7 @@ describe('a lost connection', () => {
 
   it('an attempt that hangs makes room for the next', async () => {
     const { robot } = await overSocket()
-    Socket.all[0]?.onclose?.()
+    Socket.all[0]?.lose()
     await vi.advanceTimersByTimeAsync(250)
     await vi.advanceTimersByTimeAsync(10000)
     expect(Socket.all[1]?.isClosed).toBe(true)
@@ -201,7 +268,7 @@ describe('a lost connection', () => {
 
   it('does not come back after close()', async () => {
     const { robot, states } = await overSocket()
-    Socket.all[0]?.onclose?.()
+    Socket.all[0]?.lose()
     robot.close()
     robot.close()
     await vi.advanceTimersByTimeAsync(60000)
