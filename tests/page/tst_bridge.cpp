@@ -1,7 +1,14 @@
 #include "panorel/PanorelMessageHandler.h"
 #include "panorel/PanorelProxy.h"
 #include "panorel/PanorelQueueBrocker.h"
+#include "panorel/PrinterStatus.h"
+#include "panorel/handlers/GetSettingHandler.h"
+#include "panorel/handlers/KeyboardControlHandler.h"
+#include "panorel/handlers/LanguageHandler.h"
+#include "panorel/handlers/PrintHandler.h"
+#include "tests/support/PictureFile.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/TestPlugin.h"
 #include "tests/support/Topics.h"
 
 #include <QFile>
@@ -92,6 +99,26 @@ private:
         m_engine.reset();
         m_brocker.reset();
         m_proxy.reset();
+        m_plugin.reset();
+        m_picture.reset();
+    }
+
+    /// Handlers of the library, and a robot whose printer has little paper.
+    void createHandlers()
+    {
+        m_picture = std::make_unique<PictureFile>();
+        m_plugin = std::make_unique<TestPlugin>();
+        m_plugin->printerDevice = QSharedPointer<TestPrinter>::create(&m_plugin->calls);
+        m_plugin->keyboardDevice = QSharedPointer<TestKeyboard>::create(&m_plugin->calls);
+        const auto subscribe = [this](auto *handler) {
+            m_brocker->subscribe(handler->topic(), handler);
+        };
+        subscribe(new panorel::PrintHandler(m_plugin.get(), m_brocker.get()));
+        subscribe(new panorel::GetSettingHandler(m_plugin.get(), m_brocker.get()));
+        subscribe(new panorel::KeyboardControlHandler(m_plugin.get(), m_brocker.get()));
+        subscribe(new panorel::LanguageHandler(m_plugin.get()));
+        Q_EMIT m_plugin->printerDevice->signalError(panorel::PrinterStatus::LowPaper, QString());
+        Q_EMIT m_plugin->printerDevice->signalState(PrinterState::Error);
     }
 
     QJSValue run(const QString &script)
@@ -112,12 +139,16 @@ private:
     std::unique_ptr<QWebChannel> m_channel;
     std::unique_ptr<QJSEngine> m_engine;
     ScriptTransport *m_transport = nullptr;
+    std::unique_ptr<TestPlugin> m_plugin;
+    std::unique_ptr<PictureFile> m_picture;
 
 private Q_SLOTS:
     void offersSignalAndSlots();
     void handlesARequestBeforeItReturns();
     void returnsFalse();
+    void deliversRepliesBeforeTheReturn_data();
     void deliversRepliesBeforeTheReturn();
+    void answersQuickRequestsOneAfterTheOther();
     void deliversEachForwardedTopicOnce();
     void keepsOtherTopicsInside();
     void deliversTheWholeEnvelope();
@@ -155,18 +186,50 @@ void BridgeTest::returnsFalse()
     QCOMPARE(json(QStringLiteral("answers")).array(), QJsonArray({false, false}));
 }
 
+void BridgeTest::deliversRepliesBeforeTheReturn_data()
+{
+    QTest::addColumn<QString>("request");
+    QTest::addColumn<QStringList>("replies");
+    const auto row = [](const char *name, const char *request, const QStringList &replies) {
+        QTest::newRow(name) << QString::fromUtf8(request) << replies;
+    };
+    row("two topics", "{type: 'printer.print'}",
+        {QStringLiteral("printer.paper.low"), QStringLiteral("printer.success")});
+    row("one topic", "{type: 'system.settings.get', settings_type: 'application'}",
+        {QStringLiteral("system.settings.load")});
+    row("one topic twice", "{type: 'keyboard.control.request', get_locale: 1, is_visible: 1}",
+        {QStringLiteral("keyboard.control.response"), QStringLiteral("keyboard.control.response")});
+    row("no topic", "{type: 'system.language.set', language: 'en'}", {});
+    row("nobody listens", "{type: 'x.y'}", {});
+}
+
 void BridgeTest::deliversRepliesBeforeTheReturn()
 {
-    m_brocker->subscribe(QStringLiteral("printer.print"), [this](const Message &) {
-        m_brocker->publish(Message(QStringLiteral("printer.paper.low")));
-        m_brocker->publish(Message(QStringLiteral("printer.success")));
-    });
+    QFETCH(QString, request);
+    QFETCH(QStringList, replies);
+    createHandlers();
     run(QStringLiteral("robot.message.connect(function(m) { answers.push(m.type); });"
-                       "robot.sendMessage({type: 'printer.print'},"
-                       "                  function(r) { answers.push(r); });"));
-    QCOMPARE(json(QStringLiteral("answers")).array(),
-             QJsonArray(
-                 {QStringLiteral("printer.paper.low"), QStringLiteral("printer.success"), false}));
+                       "robot.sendMessage(%1, function(r) { answers.push(r); });")
+            .arg(request));
+    QJsonArray expected = QJsonArray::fromStringList(replies);
+    expected.append(false);
+    QCOMPARE(json(QStringLiteral("answers")).array(), expected);
+}
+
+void BridgeTest::answersQuickRequestsOneAfterTheOther()
+{
+    createHandlers();
+    run(QStringLiteral(
+        "robot.message.connect(function(m) { answers.push(m.type); });"
+        "['printer.print', 'system.language.set', 'system.settings.get', 'x.y', 'printer.print']"
+        "  .forEach(function(topic, index) {"
+        "    robot.sendMessage({type: topic}, function() { answers.push(index); });"
+        "  });"));
+    QCOMPARE(
+        json(QStringLiteral("answers")).array(),
+        QJsonArray({QStringLiteral("printer.paper.low"), QStringLiteral("printer.success"), 0, 1,
+                    QStringLiteral("system.settings.load"), 2, 3,
+                    QStringLiteral("printer.paper.low"), QStringLiteral("printer.success"), 4}));
 }
 
 void BridgeTest::deliversEachForwardedTopicOnce()
