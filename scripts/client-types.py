@@ -6,10 +6,9 @@ writes them; "check" fails when they differ.
 
 import json
 import re
-import sys
 import textwrap
 
-from contract import CONTRACT, REFERENCE, generate
+from contract import CONTRACT, REFERENCE, generate, how
 
 TYPES = "client/src/topics.ts"
 EXAMPLES = "client/src/testing/examples.ts"
@@ -17,8 +16,6 @@ EXAMPLES = "client/src/testing/examples.ts"
 FIRST_LINE = f"// Generated from {CONTRACT} by scripts/client-types.py. Edit that."
 WIDTH = 100
 SCALARS = {"string": "string", "integer": "number", "number": "number", "boolean": "boolean"}
-# A reply that another one follows says so in these words.
-INTERIM = "another answer follows"
 # What a page writes where the presence of an attribute counts: `false` would count, too.
 PRESENCE = "true"
 
@@ -153,8 +150,8 @@ def member(topic):
     if "when" in topic:
         when = topic["when"]
         told.append(f"Comes {'' if when.startswith('in reply') else 'when '}{when}.")
-    told += [f"- {reply['topic']}, {'at once' if reply['how'] == 'synchronous' else 'later'}:"
-             f" {reply['when']}" for reply in topic.get("replies", [])]
+    told += [f"- {reply['topic']}, {how(reply)}: {reply['when']}"
+             for reply in topic.get("replies", [])]
     if "silent_when" in topic:
         told.append(f"- no answer: {topic['silent_when']}")
     told += topic["quirks"]
@@ -164,14 +161,12 @@ def member(topic):
 
 
 def split(topic):
-    """The replies of a request: at once, later, before another."""
+    """The replies of a request: those at once, those later, and those of both that never end it."""
     parts = {"now": [], "later": [], "interim": []}
     for reply in topic["replies"]:
-        if INTERIM in reply["when"]:
-            part = "interim"
-        else:
-            part = "now" if reply["how"] == "synchronous" else "later"
-        parts[part].append(reply["topic"])
+        parts["now" if reply["how"] == "synchronous" else "later"].append(reply["topic"])
+        if reply.get("interim"):
+            parts["interim"].append(reply["topic"])
     return parts
 
 
@@ -203,8 +198,6 @@ def types(contract):
     requests = [topic for topic in topics if topic["direction"] != "to page"]
     events = [topic for topic in topics if topic["direction"] == "to page"]
     asked = [topic for topic in requests if topic["replies"]]
-    if not any(split(topic)["interim"] for topic in asked):
-        sys.exit(f"client-types.py: no reply in {CONTRACT} says \"{INTERIM}\" any more.")
     records = "\n".join(record(name, schema) for name, schema in contract["$defs"].items())
     return f"""{FIRST_LINE}
 
@@ -221,8 +214,8 @@ export interface EventTopics {{
 {''.join(map(member, events))}}}
 
 /**
- * Which topics may come of a request: before the robot has done with it ("now"), at any time
- * ("later"), and those that another reply follows ("interim").
+ * Which topics may come of a request: before the robot has done with it ("now") and at any time
+ * ("later"); "interim" names those of them that never end it, since another reply follows.
  */
 export interface ReplyTopics {{
 {reply_types(asked)}}}

@@ -12,6 +12,12 @@ CONTRACT = "protocol/topics.json"
 REFERENCE = "#/$defs/"
 
 
+def how(reply):
+    """When a reply comes, in words."""
+    words = "at once" if reply["how"] == "synchronous" else "later"
+    return f"{words}, not the outcome" if reply.get("interim") else words
+
+
 def generate(script, description, make):
     """A program with the commands "write" and "check". @p make gets the contract and the root of the
     tree, and returns the files, as texts by their paths in the tree."""

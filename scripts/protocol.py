@@ -1,18 +1,23 @@
 #!/usr/bin/env python3
-"""Makes docs/protocol.md of protocol/topics.json, the contract of all topics, and
-protocol/protocol.md.in, the text around them. "write" writes it; "check" fails when it differs.
+"""Makes docs/protocol.md of protocol/topics.json, the contract of all topics, of
+protocol/protocol.md.in, the text around them, and of client/src/areas/, whose functions it names.
+"write" writes it; "check" fails when it differs.
 """
 
 import json
 import re
 import textwrap
 
-from contract import CONTRACT, REFERENCE, generate
+from client_functions import FOLDER, functions
+from contract import CONTRACT, REFERENCE, generate, how
 
 TEMPLATE = "protocol/protocol.md.in"
 DOCUMENT = "docs/protocol.md"
 
-FIRST_LINE = f"<!-- Generated from {CONTRACT} and {TEMPLATE} by scripts/protocol.py. Edit those. -->"
+FIRST_LINE = (f"<!-- Generated from {CONTRACT}, {TEMPLATE} and {FOLDER}/ by scripts/protocol.py. Edit"
+              " those. -->")
+# Where the client's document tells of `send` and `on`.
+CLIENT = "client.md#messages-requests-and-events"
 WIDTH = 100
 KINDS = {"string": "text", "boolean": "truth value", "object": "object"}
 # What needs no table of its own.
@@ -150,8 +155,7 @@ def answers(topic):
     """What may come of a request, as a list."""
     if not topic["replies"]:
         return "No reply."
-    how = {"synchronous": "at once", "later": "later"}
-    lines = [f"- {link(reply['topic'])}, {how[reply['how']]}: {reply['when']}"
+    lines = [f"- {link(reply['topic'])}, {how(reply)}: {reply['when']}"
              for reply in topic["replies"]]
     lines = [paragraph(line, "", "  ") for line in lines]
     if "silent_when" in topic:
@@ -183,12 +187,24 @@ def occasion(topic):
     return f" Comes {when}." if when.startswith("in reply") else f" Comes when {when}."
 
 
-def section(topic):
+def in_client(topic, known):
+    """What of the client, whose functions are @p known, sends or hears @p topic."""
+    asked = topic["direction"] != "to page"
+    names = {}
+    for function in known:
+        if topic["topic"] in (function.sends if asked else function.hears):
+            names.setdefault(function.file, []).append(f"`{function.name}`")
+    parts = [f"{', '.join(found)} in [{file}](../{FOLDER}/{file})" for file, found in names.items()]
+    return paragraph("In the client: "
+                     + ("; ".join(parts) or f"[`{'send' if asked else 'on'}`]({CLIENT})") + ".")
+
+
+def section(topic, known):
     asked = topic["direction"] != "to page"
     parts = [f"### {topic['topic']}", origin(topic),
              paragraph(topic["description"] + occasion(topic)),
              attributes(topic["attributes"], asked), example(topic["example"]),
-             answers(topic) if asked else "", quirks(topic)]
+             answers(topic) if asked else "", quirks(topic), in_client(topic, known)]
     return "\n\n".join(part for part in parts if part)
 
 
@@ -219,14 +235,15 @@ def vocabulary(contract):
                   for topic in sorted(contract["topics"], key=lambda topic: topic["topic"])])
 
 
-def document(contract, template):
+def document(contract, template, known):
     topics = contract["topics"]
     parts = {
         "areas": areas(contract),
-        "asked": "\n\n".join(section(topic) for topic in topics
+        "asked": "\n\n".join(section(topic, known) for topic in topics
                              if topic["direction"].startswith("from page")),
-        "told": "\n\n".join(section(topic) for topic in topics if topic["direction"] == "to page"),
-        "free": "\n\n".join(section(topic) for topic in topics
+        "told": "\n\n".join(section(topic, known) for topic in topics
+                            if topic["direction"] == "to page"),
+        "free": "\n\n".join(section(topic, known) for topic in topics
                             if topic["direction"] == "reserved"),
         "records": records(contract),
         "count": str(sum(topic["direction"] == "to page" for topic in topics)),
@@ -237,7 +254,8 @@ def document(contract, template):
 
 
 def make(contract, root):
-    return {DOCUMENT: document(contract, (root / TEMPLATE).read_text(encoding="utf-8"))}
+    template = (root / TEMPLATE).read_text(encoding="utf-8")
+    return {DOCUMENT: document(contract, template, functions(contract, root))}
 
 
 if __name__ == "__main__":

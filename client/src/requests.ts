@@ -17,7 +17,7 @@ interface Outcome extends Told {
 }
 
 interface Exchange {
-  topics: string[]
+  topics: readonly string[]
   running: boolean
   start(): void
   heard(told: Told): void
@@ -105,7 +105,7 @@ export function createRequests(post: Post): Requests {
       }
 
       const exchange: Exchange = {
-        topics: isDirect ? now.concat(interim) : now.concat(later, interim),
+        topics: isDirect ? now : now.concat(later),
         running: false,
         start() {
           if (timeout <= LONGEST) {

@@ -268,7 +268,7 @@ export interface RequestTopics {
   /**
    * Makes the robot speak, play a replica, or go on with an answer. Whatever is present is done, in
    * the order of this table.
-   * - dialog.robot.replic.start, later: the robot begins a line
+   * - dialog.robot.replic.start, later, not the outcome: the robot begins a line
    * - dialog.robot.replic.finish, later: the line has ended
    * - no answer: nothing is spoken or played; of a step without a replica nobody is told
    *
@@ -398,7 +398,7 @@ export interface RequestTopics {
    * - printer.error, at once: the printer is not connected, reports an error, or could not print
    * - printer.nopaper, at once: the printer has no paper
    * - printer.noprinter, at once: the robot has no printer
-   * - printer.paper.low, at once: paper is low; another answer follows
+   * - printer.paper.low, at once, not the outcome: paper is low
    * - no answer: the printer reports an error of code 0
    *
    * When paper is low there are two answers: `printer.paper.low` first, then how the printing went.
@@ -435,10 +435,10 @@ export interface RequestTopics {
    * - dispenser.nodispenser, at once: the robot has no dispenser
    * - dispenser.not.connected, at once: the dispenser is not connected
    * - dispenser.communication.timeout, later: a status of the dispenser
-   * - dispenser.card.dispensing, later: a status of the dispenser
-   * - dispenser.card.preempty, later: a status of the dispenser
+   * - dispenser.card.dispensing, later, not the outcome: a status of the dispenser
+   * - dispenser.card.preempty, later, not the outcome: a status of the dispenser
    * - dispenser.card.empty, later: a status of the dispenser
-   * - dispenser.cardbin.full, later: a status of the dispenser
+   * - dispenser.cardbin.full, later, not the outcome: a status of the dispenser
    * - dispenser.card.error, later: a status of the dispenser
    * - dispenser.sensor, later: a status of the dispenser
    * - no answer: the dispenser is asked for the card and reports nothing
@@ -454,8 +454,8 @@ export interface RequestTopics {
    * Sets the document scanner, connected or not, and starts a scan. The rest comes as the scanner's
    * events.
    * - scanner.document.response, at once: always, once
-   * - scanner.document.state, later: the scanner's state changed
-   * - scanner.document.progress, later: the scan goes on
+   * - scanner.document.state, later, not the outcome: the scanner's state changed
+   * - scanner.document.progress, later, not the outcome: the scan goes on
    * - scanner.document.error, later: the scan failed
    * - scanner.document.finish, later: the scan ended
    */
@@ -483,7 +483,7 @@ export interface RequestTopics {
   /**
    * Starts a scan of a passport. The rest comes as the scanner's events.
    * - scanner.passport.response, at once: always, once
-   * - scanner.passport.state, later: the scanner's state changed
+   * - scanner.passport.state, later, not the outcome: the scanner's state changed
    * - scanner.passport.error, later: the scan failed
    * - scanner.passport.finish, later: the scan ended
    */
@@ -1383,8 +1383,8 @@ export interface EventTopics {
 }
 
 /**
- * Which topics may come of a request: before the robot has done with it ("now"), at any time
- * ("later"), and those that another reply follows ("interim").
+ * Which topics may come of a request: before the robot has done with it ("now") and at any time
+ * ("later"); "interim" names those of them that never end it, since another reply follows.
  */
 export interface ReplyTopics {
   'system.interaction.control': {
@@ -1400,7 +1400,7 @@ export interface ReplyTopics {
   'dialog.say': {
     now: never
     later: 'dialog.robot.replic.start' | 'dialog.robot.replic.finish'
-    interim: never
+    interim: 'dialog.robot.replic.start'
   }
   'dialog.replica.get': {
     now: 'dialog.replica.load'
@@ -1428,7 +1428,7 @@ export interface ReplyTopics {
     interim: never
   }
   'printer.print': {
-    now: 'printer.success' | 'printer.error' | 'printer.nopaper' | 'printer.noprinter'
+    now: 'printer.success' | 'printer.error' | 'printer.nopaper' | 'printer.noprinter' | 'printer.paper.low'
     later: never
     interim: 'printer.paper.low'
   }
@@ -1440,17 +1440,17 @@ export interface ReplyTopics {
   'dispenser.dispense': {
     now: 'dispenser.nodispenser' | 'dispenser.not.connected'
     later: 'dispenser.communication.timeout' | 'dispenser.card.dispensing' | 'dispenser.card.preempty' | 'dispenser.card.empty' | 'dispenser.cardbin.full' | 'dispenser.card.error' | 'dispenser.sensor'
-    interim: never
+    interim: 'dispenser.card.dispensing' | 'dispenser.card.preempty' | 'dispenser.cardbin.full'
   }
   'scanner.document.request': {
     now: 'scanner.document.response'
     later: 'scanner.document.state' | 'scanner.document.progress' | 'scanner.document.error' | 'scanner.document.finish'
-    interim: never
+    interim: 'scanner.document.state' | 'scanner.document.progress'
   }
   'scanner.passport.request': {
     now: 'scanner.passport.response'
     later: 'scanner.passport.state' | 'scanner.passport.error' | 'scanner.passport.finish'
-    interim: never
+    interim: 'scanner.passport.state'
   }
   'system.drive.control': {
     now: never
@@ -1512,6 +1512,7 @@ export const replyTopics: { readonly [topic: string]: readonly (readonly string[
   'dialog.say': [
     [],
     ['dialog.robot.replic.start', 'dialog.robot.replic.finish'],
+    ['dialog.robot.replic.start'],
   ],
   'dialog.replica.get': [
     ['dialog.replica.load'],
@@ -1531,7 +1532,8 @@ export const replyTopics: { readonly [topic: string]: readonly (readonly string[
     ['operator.call.response', 'operator.control.status'],
   ],
   'printer.print': [
-    ['printer.success', 'printer.error', 'printer.nopaper', 'printer.noprinter'],
+    ['printer.success', 'printer.error', 'printer.nopaper', 'printer.noprinter',
+      'printer.paper.low'],
     [],
     ['printer.paper.low'],
   ],
@@ -1542,15 +1544,18 @@ export const replyTopics: { readonly [topic: string]: readonly (readonly string[
     ['dispenser.nodispenser', 'dispenser.not.connected'],
     ['dispenser.communication.timeout', 'dispenser.card.dispensing', 'dispenser.card.preempty',
       'dispenser.card.empty', 'dispenser.cardbin.full', 'dispenser.card.error', 'dispenser.sensor'],
+    ['dispenser.card.dispensing', 'dispenser.card.preempty', 'dispenser.cardbin.full'],
   ],
   'scanner.document.request': [
     ['scanner.document.response'],
     ['scanner.document.state', 'scanner.document.progress', 'scanner.document.error',
       'scanner.document.finish'],
+    ['scanner.document.state', 'scanner.document.progress'],
   ],
   'scanner.passport.request': [
     ['scanner.passport.response'],
     ['scanner.passport.state', 'scanner.passport.error', 'scanner.passport.finish'],
+    ['scanner.passport.state'],
   ],
   'system.drive.control': [
     [],

@@ -17,12 +17,12 @@ type Later<T extends AnsweredTopic> = ReplyTopics[T]['later']
 type Interim<T extends AnsweredTopic> = ReplyTopics[T]['interim']
 
 /** Whatever may come of a request. */
-export type Reply<T extends AnsweredTopic> = EventOf<Now<T> | Later<T> | Interim<T>>
+export type Reply<T extends AnsweredTopic> = EventOf<Now<T> | Later<T>>
 
 /** What a request resolves with unless `until` says otherwise: the robot's direct answer or, where
- *  there is none by its nature, the first that comes of it. */
+ *  there is none by its nature, the first that comes of it; never one that another must follow. */
 export type FirstReply<T extends AnsweredTopic> = EventOf<
-  [Now<T>] extends [never] ? Later<T> : Now<T>
+  Exclude<[Now<T>] extends [never] ? Later<T> : Now<T>, Interim<T>>
 >
 
 /** The robot has dealt with the request and does not answer. */
@@ -58,7 +58,8 @@ type Arguments<A, Options> = {} extends A
   ? [attributes?: A, options?: Options]
   : [attributes: A, options?: Options]
 
-/** "connected"; "reconnecting" after the connection broke; "closed" after `close()`. */
+/** "connected"; "reconnecting" after the connection broke; "closed" after `close()`, or when the
+ *  robot's server refuses this page. */
 export type RobotState = 'connected' | 'reconnecting' | 'closed'
 
 /** The robot behind the page. */
@@ -89,8 +90,9 @@ export interface Robot {
   /**
    * Sends a message and resolves with the robot's answer: with the first reply where the robot
    * answers before it has done with the request, with topic "none" when it then has not answered,
-   * and otherwise with the first reply that comes later. Replies do not say which request they
-   * mean, so requests with a common reply wait for each other. Rejects with a PanorelError.
+   * and otherwise with the first reply that comes later. A reply that another must follow, such as
+   * "printer.paper.low", does not count. Replies do not say which request they mean, so requests
+   * with a common reply wait for each other. Rejects with a PanorelError.
    */
   request<T extends AnsweredTopic>(
     topic: T,

@@ -58,10 +58,32 @@ describe('an answer that comes later', () => {
     expect((await request).attributes.status).toBe('success')
   })
 
+  it('is not the first one when another must follow it', async () => {
+    const { fake, robot } = await connected()
+    fake.answer('dialog.say')
+    const request = robot.request('dialog.say', { text: 'Hi' })
+    await settled()
+    fake.emit('dialog.robot.replic.start', { text: 'Hi' })
+    fake.emit('dialog.robot.replic.finish')
+    const result = await request
+    expect(result.topic).toBe('dialog.robot.replic.finish')
+    expect(topics(result)).toEqual(['dialog.robot.replic.start', 'dialog.robot.replic.finish'])
+  })
+
   it('is not waited for where the robot could have answered at once', async () => {
     const { fake, robot } = await connected()
     fake.answer('dispenser.dispense', 'dispenser.card.dispensing')
-    expect((await robot.request('dispenser.dispense')).topic).toBe('none')
+    const result = await robot.request('dispenser.dispense')
+    expect([result.topic, ...topics(result)]).toEqual(['none'])
+  })
+
+  it('is not taken for one at once when it comes before that', async () => {
+    const { robot, fake } = await connected()
+    const request = robot.request('scanner.passport.request')
+    fake.emit('scanner.passport.state', { state: 1 })
+    fake.emit('scanner.passport.error', { code: '5', text: 'the scan before' })
+    const result = await request
+    expect(topics(result)).toEqual(['scanner.passport.response'])
   })
 
   it.each([

@@ -17,27 +17,17 @@ describe('the generated files', () => {
     expect(wanted.size).toBeGreaterThan(15)
     expect(Object.keys(replyTopics).sort()).toEqual([...wanted.keys()].sort())
     for (const [topic, replies] of wanted) {
-      expect(replyTopics[topic]?.flat().sort(), topic).toEqual(replies)
+      expect(replyTopics[topic]?.slice(0, 2).flat().sort(), topic).toEqual(replies)
     }
   })
 
-  it('split them into now, later and interim', () => {
+  it('split them into now and later, and name those that are interim', () => {
     for (const { topic, replies = [] } of requests) {
       const [now = [], later = [], interim = []] = replyTopics[topic] ?? []
-      const how = (name: string) =>
-        replies.filter((one) => one.topic === name).map((one) => one.how)
-      expect(
-        now.every((name) => how(name).includes('synchronous')),
-        topic,
-      ).toBe(true)
-      expect(
-        later.every((name) => how(name).includes('later')),
-        topic,
-      ).toBe(true)
-      expect(
-        interim.every((name) => how(name).includes('synchronous')),
-        topic,
-      ).toBe(true)
+      const names = (found: typeof replies) => found.map((one) => one.topic)
+      expect(now, topic).toEqual(names(replies.filter((one) => one.how === 'synchronous')))
+      expect(later, topic).toEqual(names(replies.filter((one) => one.how === 'later')))
+      expect(interim, topic).toEqual(names(replies.filter((one) => one.interim)))
     }
     expect(replyTopics['printer.print']?.[2]).toEqual(['printer.paper.low'])
   })

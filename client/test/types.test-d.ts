@@ -59,6 +59,9 @@ export async function types(robot: Robot): Promise<void> {
     typeof printed.topic,
     'printer.success' | 'printer.error' | 'printer.nopaper' | 'printer.noprinter' | 'none'
   >(true)
+  const spoken = await robot.request('dialog.say', { text: 'Hi' })
+  same<typeof spoken.topic, 'dialog.robot.replic.finish' | 'none'>(true)
+  same<(typeof spoken.replies)[0]['topic'], `dialog.robot.replic.${'start' | 'finish'}`>(true)
   const mailed = await robot.request('mail.sender.request', { email: 'a' }, { timeout: 5 })
   if (mailed.topic !== 'none') same<typeof mailed.attributes.status, 'success' | 'error'>(true)
   const scanned = await robot.request('scanner.passport.request', {}, { until: () => true })

@@ -104,6 +104,12 @@ class SchemaTest(unittest.TestCase):
         self.assertNotEqual(self.changed(lambda _, topics: topics["cookie.set"].update(handler="AHandler")),
                             [])
 
+    def test_refuses_an_interim_mark_that_says_no(self):
+        for value in (False, "true", 1):
+            self.assertNotEqual(
+                self.changed(lambda _, topics: topics["printer.print"]["replies"][-1].update(
+                    interim=value)), [])
+
 
 class SenseTest(unittest.TestCase):
     def test_each_topic_and_each_constant_is_there_once(self):
@@ -125,6 +131,18 @@ class SenseTest(unittest.TestCase):
         for topic in TOPICS:
             for reply in topic.get("replies", ()):
                 self.assertIn(reply["topic"], told, topic["topic"])
+
+    def test_each_interim_reply_has_one_that_may_follow(self):
+        interim = set()
+        for topic in TOPICS:
+            replies = topic.get("replies", ())
+            marked = {reply["topic"] for reply in replies if "interim" in reply}
+            last = {reply["topic"] for reply in replies if "interim" not in reply}
+            self.assertEqual(marked & last, set(), topic["topic"])
+            self.assertTrue(last or not marked, topic["topic"])
+            interim |= marked
+        self.assertIn("printer.paper.low", interim)
+        self.assertNotIn("printer.success", interim)
 
     def test_what_comes_in_reply_names_its_request_and_the_request_names_it(self):
         by_name = {topic["topic"]: topic for topic in TOPICS}

@@ -45,7 +45,7 @@ export async function print(
         'no-answer',
         'the printer has an error of which the robot says nothing',
       )
-    default:
+    case 'printer.error':
       throw await reasonOf(robot, options)
   }
 }

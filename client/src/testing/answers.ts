@@ -159,8 +159,7 @@ function people({ get_user, add_user, del_user }: Sent) {
 
 /** Whether a reply comes before the robot has done with the request. */
 export function isAtOnce(request: string, reply: EventTopic, attributes: Sent): boolean {
-  const [now = [], later = [], interim = []] = replyTopics[request] || []
-  if (interim.includes(reply)) return true
+  const [now = [], later = []] = replyTopics[request] || []
   // A reply that may be either comes at once where something is ended.
   return now.includes(reply) && (!later.includes(reply) || attributes.stop !== undefined)
 }

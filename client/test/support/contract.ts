@@ -24,7 +24,7 @@ export interface Topic {
   direction: string
   area: string
   attributes: Schema
-  replies?: { topic: string; how: string; when: string }[]
+  replies?: { topic: string; how: string; when: string; interim?: true }[]
   example: { [name: string]: unknown }
 }
 
