@@ -14,6 +14,9 @@ sample page and, beside it, the robot. Without a display the same runs under Xvf
   --screenshot FILE   show the page, wait until page and robot have exchanged messages, write a
                       PNG of the whole window to FILE, and end
   --page PAGE         show this page instead: a file, a folder with an index.html, or an address
+  --serve             serve the page to your browser in place of showing it; prints the address.
+                      With it: --port NUMBER, --listen ADDRESS, --allow-origin ORIGIN and
+                      --one-browser (docs/serve.md)
   --scenario FILE     let the robot say and understand what this JSON file describes
   --without LIST      let the robot lack devices: printer, dispenser, passport-scanner,
                       document-scanner, keyboard, users; separated by commas
@@ -46,8 +49,8 @@ while [ $# -gt 0 ]; do
             ;;
         --page) value_of "$@"; arguments+=("$1" "$(absolute "$2")"); shift 2 ;;
         --scenario) value_of "$@"; arguments+=("$1" "$(absolute "$2")"); shift 2 ;;
-        --speed | --data | --without) value_of "$@"; arguments+=("$1" "$2"); shift 2 ;;
-        --demo | --log) arguments+=("$1"); shift ;;
+        --speed | --data | --without | --port | --listen | --allow-origin) value_of "$@"; arguments+=("$1" "$2"); shift 2 ;;
+        --demo | --log | --serve | --one-browser) arguments+=("$1"); shift ;;
         *) say "unknown option $1; see ./run.sh --help."; exit 2 ;;
     esac
 done
@@ -63,7 +66,7 @@ if [ -n "${DISPLAY:-}" ]; then
     exec "$simulator" "${arguments[@]}"
 fi
 
-[ -n "$screenshot" ] || say "no display: running under Xvfb, unseen. Try --screenshot FILE; Ctrl+C ends."
+[ -n "$screenshot" ] || say "no display: running under Xvfb, unseen. Try --screenshot FILE or --serve; Ctrl+C ends."
 export QT_QPA_PLATFORM=xcb QT_QUICK_BACKEND=software
 export QTWEBENGINE_CHROMIUM_FLAGS="${QTWEBENGINE_CHROMIUM_FLAGS:---disable-gpu}"
 # The display's password stays in the private folder: a folder that xvfb-run makes for it may fail to

@@ -65,6 +65,10 @@ void PageAddressTest::findsFilesAndFolders()
     const PageAddress page(m_folder.filePath(asked));
     QVERIFY2(page.isFound(), qPrintable(page.error()));
     QCOMPARE(page.url().toLocalFile(), path);
+    QVERIFY(page.isFile());
+    QCOMPARE(page.folder(), QFileInfo(path).path());
+    const QString name = QFileInfo(path).fileName();
+    QCOMPARE(page.fileName(), name == QLatin1String("index.html") ? QString() : name);
 }
 
 void PageAddressTest::prefersAFileToAUrl()

@@ -4,7 +4,9 @@
 #include <QImage>
 #include <QProcess>
 #include <QProcessEnvironment>
+#include <QTcpSocket>
 #include <QTemporaryDir>
+#include <QUrl>
 
 #include <signal.h>
 #include <sys/types.h>
@@ -28,6 +30,10 @@ private Q_SLOTS:
     void saysWhichDevicesItKnows();
     void endsOnASignal_data();
     void endsOnASignal();
+    void servesThePage_data();
+    void servesThePage();
+    void saysWhyItCannotServe_data();
+    void saysWhyItCannotServe();
 
 protected:
     void setUp() override
@@ -282,6 +288,61 @@ new QWebChannel(qt.webChannelTransport, (channel) => {
     QTRY_VERIFY_WITH_TIMEOUT(isReady(), m_patience);
     QCOMPARE(::kill(static_cast<pid_t>(m_program.processId()), number), 0);
     QCOMPARE(end(), 0);
+}
+
+void SimulatorProgramTest::servesThePage_data()
+{
+    QTest::addColumn<QString>("listen");
+    QTest::addColumn<bool>("warns");
+    QTest::newRow("this machine") << QStringLiteral("127.0.0.1") << false;
+    QTest::newRow("network") << QStringLiteral("0.0.0.0") << true;
+}
+
+void SimulatorProgramTest::servesThePage()
+{
+    QFETCH(QString, listen);
+    QFile page(m_folder->filePath(QStringLiteral("hello.html")));
+    QVERIFY(page.open(QIODevice::WriteOnly));
+    page.write("<h1>hello</h1>");
+    page.close();
+    start({QStringLiteral("--serve"), QStringLiteral("--port=0"), QStringLiteral("--listen"),
+           listen, QStringLiteral("--page"), page.fileName()});
+
+    QTRY_VERIFY_WITH_TIMEOUT(m_program.canReadLine(), m_patience);
+    const QString line = QString::fromUtf8(m_program.readLine()).trimmed();
+    QVERIFY2(line.startsWith(QStringLiteral("Serving http://127.0.0.1:")), qPrintable(line));
+    const QUrl address(line.mid(8));
+    QCOMPARE(address.path(), QStringLiteral("/hello.html"));
+
+    QTcpSocket socket;
+    socket.connectToHost(address.host(), static_cast<quint16>(address.port()));
+    socket.write("GET /hello.html?" + address.query().toUtf8()
+                 + " HTTP/1.0\r\nHost: " + address.authority().toUtf8() + "\r\n\r\n");
+    QTRY_VERIFY(socket.bytesAvailable() > 0 && socket.peek(10000).endsWith("<h1>hello</h1>"));
+
+    QCOMPARE(::kill(static_cast<pid_t>(m_program.processId()), SIGTERM), 0);
+    QCOMPARE(end(), 0);
+    QTEST(m_errors.contains(QStringLiteral("Warning: other machines")), "warns");
+}
+
+void SimulatorProgramTest::saysWhyItCannotServe_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("says");
+    QTest::newRow("page of a server") << QStringList{QStringLiteral("--page=http://localhost:1/")}
+                                      << QStringLiteral("a file or a folder");
+    QTest::newRow("foreign address")
+        << QStringList{QStringLiteral("--listen=192.0.2.1")} << QStringLiteral("192.0.2.1");
+}
+
+void SimulatorProgramTest::saysWhyItCannotServe()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, says);
+    QCOMPARE(run(QStringList{QStringLiteral("--serve"), QStringLiteral("--port=0")} + arguments),
+             1);
+    QVERIFY2(m_errors.contains(says), qPrintable(m_errors));
+    QVERIFY(m_output.isEmpty());
 }
 
 QTEST_GUILESS_MAIN(SimulatorProgramTest)

@@ -15,15 +15,19 @@
 #include "simulator/core/SimulatedScripts.h"
 #include "simulator/core/SimulatedSpeech.h"
 #include "simulator/core/SqliteUsersDatabase.h"
+#include "simulator/server/PageServer.h"
 #include "tests/simulator/TestPeople.h"
 #include "tests/support/TestCase.h"
 
 #include <QCheckBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMap>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTabWidget>
+#include <QTemporaryDir>
+#include <QWebSocket>
 
 #include <memory>
 
@@ -55,6 +59,7 @@ private Q_SLOTS:
     void lentMacrosEndWithTheTurn();
     void theRobotSpeaksThePagesLanguage();
     void demoVisitReachesThePage();
+    void showsWhereThePageIsServed();
 
 protected:
     void setUp() override
@@ -403,6 +408,41 @@ void SimulatorWindowTest::demoVisitReachesThePage()
         QVERIFY2(m_topics.contains(topic), qPrintable(topic));
     QCOMPARE(m_topics.count(topics::USER_HAS), 1);
     QVERIFY(!m_core->dialog()->openQuestion().isEmpty());
+}
+
+// The robot works as before, and a browser is seen to come and go.
+void SimulatorWindowTest::showsWhereThePageIsServed()
+{
+    QTemporaryDir folder;
+    PageServer::Settings settings;
+    settings.folder = folder.path();
+    auto server = std::make_unique<PageServer>(settings, m_window->screen()->pageObjects());
+    QVERIFY(server->listen());
+    m_window->serve(server.get());
+    m_window->show();
+    QVERIFY(!m_window->screen()->isVisible());
+
+    const auto text = [this](const char *name) {
+        return m_window->findChild<QLabel *>(QLatin1String(name))->text();
+    };
+    QVERIFY(text("address").contains(server->address().toString(QUrl::FullyEncoded)));
+    QVERIFY(text("browsers").startsWith(QStringLiteral("No browser")));
+
+    QUrl channel(server->address());
+    channel.setScheme(QStringLiteral("ws"));
+    channel.setPath(QStringLiteral("/channel"));
+    QWebSocket browser;
+    browser.open(channel);
+    QTRY_VERIFY(text("browsers").startsWith(QStringLiteral("One browser")));
+    QWebSocket stranger(QStringLiteral("http://evil.example"));
+    stranger.open(channel);
+    QTRY_VERIFY(text("refused").contains(QStringLiteral("evil.example")));
+
+    m_core->dialog()->hear(QStringLiteral("Who are you?"), true);
+    QVERIFY(m_topics.contains(topics::LOAD_ANSWER));
+    browser.close();
+    QTRY_VERIFY(text("browsers").startsWith(QStringLiteral("No browser")));
+    server.reset(); // before the window, as in the program
 }
 
 QTEST_MAIN(SimulatorWindowTest)
