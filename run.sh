@@ -15,8 +15,8 @@ sample page and, beside it, the robot. Without a display the same runs under Xvf
                       PNG of the whole window to FILE, and end
   --page PAGE         show this page instead: a file, a folder with an index.html, or an address
   --serve             serve the page to your browser in place of showing it; prints the address.
-                      With it: --port NUMBER, --listen ADDRESS, --allow-origin ORIGIN and
-                      --one-browser (docs/serve.md)
+                      With it: --window, --port NUMBER, --listen ADDRESS, --allow-origin ORIGIN
+                      and --one-browser (docs/serve.md)
   --scenario FILE     let the robot say and understand what this JSON file describes
   --without LIST      let the robot lack devices: printer, dispenser, passport-scanner,
                       document-scanner, keyboard, users; separated by commas
@@ -50,7 +50,7 @@ while [ $# -gt 0 ]; do
         --page) value_of "$@"; arguments+=("$1" "$(absolute "$2")"); shift 2 ;;
         --scenario) value_of "$@"; arguments+=("$1" "$(absolute "$2")"); shift 2 ;;
         --speed | --data | --without | --port | --listen | --allow-origin) value_of "$@"; arguments+=("$1" "$2"); shift 2 ;;
-        --demo | --log | --serve | --one-browser) arguments+=("$1"); shift ;;
+        --demo | --log | --serve | --window | --one-browser) arguments+=("$1"); shift ;;
         *) say "unknown option $1; see ./run.sh --help."; exit 2 ;;
     esac
 done

@@ -152,13 +152,14 @@ CommandLine::CommandLine(const QStringList &arguments)
     }
 
     m_serve = parser.isSet(options.server.serve);
+    m_showsServedPage = parser.isSet(options.server.window);
     m_server.port = ServerOptions::DefaultPort;
     const QString wrongServer = options.server.read(parser, m_server);
     if (!wrongServer.isEmpty()) {
         mistake(wrongServer);
         return;
     }
-    if (m_serve && parser.isSet(options.screenshot)) {
+    if (m_serve && !m_showsServedPage && parser.isSet(options.screenshot)) {
         mistake(QStringLiteral("--serve shows no page in the window, so there is nothing for "
                                "--screenshot to take a picture of."));
         return;

@@ -36,6 +36,8 @@ public:
     /// Whether the page is served to a browser, in place of being shown in the window; then the rest of
     /// what the server is told. It names no folder.
     bool serve() const { return m_serve; }
+    /// Whether the window shows the page although it is served.
+    bool showsServedPage() const { return m_showsServedPage; }
     const PageServer::Settings &server() const { return m_server; }
     bool demo() const { return m_demo; }
     bool log() const { return m_log; }
@@ -54,6 +56,7 @@ private:
     RobotCore::Equipment m_equipment;
     PageServer::Settings m_server;
     bool m_serve = false;
+    bool m_showsServedPage = false;
     bool m_demo = false;
     bool m_log = false;
     double m_speed = 1.0;

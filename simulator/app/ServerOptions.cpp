@@ -8,13 +8,14 @@ const quint16 ServerOptions::DefaultPort = 8080;
 
 QList<QCommandLineOption> ServerOptions::all() const
 {
-    return {serve, port, listen, allowOrigin, oneBrowser};
+    return {serve, window, port, listen, allowOrigin, oneBrowser};
 }
 
 QString ServerOptions::read(const QCommandLineParser &parser, PageServer::Settings &settings) const
 {
     if (!parser.isSet(serve)) {
-        for (const QCommandLineOption *option : {&port, &listen, &allowOrigin, &oneBrowser}) {
+        for (const QCommandLineOption *option :
+             {&window, &port, &listen, &allowOrigin, &oneBrowser}) {
             if (parser.isSet(*option))
                 return QStringLiteral("--%1 has a meaning only with --serve.")
                     .arg(option->names().constFirst());

@@ -25,6 +25,8 @@ struct ServerOptions
         QStringLiteral(
             "Serve the page's folder to an ordinary browser in place of showing the page "
             "in the window; prints the address to open.")};
+    QCommandLineOption window{QStringLiteral("window"),
+                              QStringLiteral("With --serve: show the page in the window, too.")};
     QCommandLineOption port{
         QStringLiteral("port"),
         QStringLiteral("With --serve: the port; 0 for any that is free. Default: 8080."),

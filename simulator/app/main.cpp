@@ -80,7 +80,7 @@ void tellProblem(const RobotCore &core)
         print(stderr, problem + QStringLiteral("\nAnother folder is given with --data."));
 }
 
-/// Puts the page into a browser in place of the window. Returns null when it cannot be served.
+/// Lets browsers show the page. Returns null when it cannot be served.
 std::unique_ptr<PageServer> serve(const CommandLine &commandLine, const PageAddress &page,
                                   SimulatorWindow *window, RobotControl *control)
 {
@@ -100,7 +100,6 @@ std::unique_ptr<PageServer> serve(const CommandLine &commandLine, const PageAddr
                   .arg(settings.address.toString()));
     QObject::connect(server.get(), &PageServer::refused, server.get(),
                      [](const QString &reason) { print(stderr, reason); });
-    window->serve(server.get());
     print(stdout, QStringLiteral("Serving ") + server->address().toString(QUrl::FullyEncoded));
     return server;
 }
@@ -179,6 +178,9 @@ int main(int argc, char *argv[])
         server = serve(commandLine, page, &window, &control);
         if (!server)
             return Failed;
+    }
+    if (commandLine.serve() && !commandLine.showsServedPage()) {
+        window.serve(server.get());
         if (commandLine.demo())
             QObject::connect(server.get(), &PageServer::browsersChanged, &visit,
                              [&visit](int count) {

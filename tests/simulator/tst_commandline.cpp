@@ -105,7 +105,7 @@ void CommandLineTest::rejects_data()
     row("picture of nothing", {QStringLiteral("--serve"), QStringLiteral("--screenshot=a.png")},
         QStringLiteral("--screenshot"));
     for (const char *option :
-         {"--port=0", "--listen=::1", "--allow-origin=http://a", "--one-browser"})
+         {"--window", "--port=0", "--listen=::1", "--allow-origin=http://a", "--one-browser"})
         row(option, {QLatin1String(option)}, QStringLiteral("only with --serve"));
     for (const char *speed : {"fast", "0", "-1", "nan", "inf", "10001", ""}) {
         row(qPrintable(QStringLiteral("speed %1").arg(QLatin1String(speed))),
@@ -127,9 +127,9 @@ void CommandLineTest::helpNamesEveryOption()
 {
     QCOMPARE(parse({QStringLiteral("--help")}).outcome(), CommandLine::Outcome::ShowHelp);
     QCOMPARE(parse({QStringLiteral("-h")}).outcome(), CommandLine::Outcome::ShowHelp);
-    for (const char *option :
-         {"--page", "--scenario", "--screenshot", "--demo", "--speed", "--data", "--without",
-          "--log", "--help", "--serve", "--port", "--listen", "--allow-origin", "--one-browser"})
+    for (const char *option : {"--page", "--scenario", "--screenshot", "--demo", "--speed",
+                               "--data", "--without", "--log", "--help", "--serve", "--window",
+                               "--port", "--listen", "--allow-origin", "--one-browser"})
         QVERIFY2(CommandLine::helpText().contains(QLatin1String(option)), option);
 }
 
@@ -140,6 +140,8 @@ void CommandLineTest::readsHowToServe()
     QCOMPARE(plain.server().port, static_cast<quint16>(8080));
     QCOMPARE(plain.server().address, QHostAddress(QHostAddress::LocalHost));
     QVERIFY(!plain.server().singleBrowser);
+    QVERIFY(!plain.showsServedPage());
+    QVERIFY(parse({QStringLiteral("--serve"), QStringLiteral("--window")}).showsServedPage());
     QVERIFY(plain.server().token != parse({QStringLiteral("--serve")}).server().token);
 
     const CommandLine line = parse(
