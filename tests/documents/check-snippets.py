@@ -19,7 +19,7 @@ import textwrap
 
 ROOT = pathlib.Path(sys.argv[1]).resolve()
 BUILT_AS_THEY_STAND = {("README.md", "cpp"), ("README.md", "html")}
-TOOLS = {"cmake", "ctest", "cpack", "cd", "export", "gdb", "git", "npm", "doxygen", "xdg-open"}
+TOOLS = {"cmake", "curl", "ctest", "cpack", "cd", "export", "gdb", "git", "npm", "doxygen", "xdg-open"}
 
 
 def presets():
