@@ -193,6 +193,36 @@ def reply_table(asked):
     return text
 
 
+KIND_LETTERS = {"string": "s", "integer": "n", "number": "n", "boolean": "b", "array": "a",
+                "object": "o"}
+
+
+def kinds(schema, definitions):
+    """The kinds of JSON that @p schema allows, a letter for each; none where it allows any."""
+    if "$ref" in schema:
+        return kinds(definitions[name_of(schema)], definitions)
+    for choice in ("anyOf", "oneOf"):
+        if choice in schema:
+            parts = [kinds(one, definitions) for one in schema[choice]]
+            return "".join(sorted(set("".join(parts)))) if all(parts) else ""
+    return KIND_LETTERS[schema["type"]] if "type" in schema else ""
+
+
+def attribute_table(requests, definitions):
+    text = ""
+    for topic in requests:
+        schema = topic["attributes"]
+        required = schema.get("required", [])
+        names = [f"{name}:{kinds(member, definitions)}{'!' if name in required else ''}"
+                 for name, member in schema.get("properties", {}).items()]
+        if schema.get("additionalProperties") is not False:
+            names.append("*")
+        value = quoted(" ".join(names))
+        line = f"  {quoted(topic['topic'])}: {value},\n"
+        text += line if len(line) <= WIDTH + 1 else line.replace(": ", ":\n    ", 1)
+    return text
+
+
 def types(contract):
     topics = contract["topics"]
     requests = [topic for topic in topics if topic["direction"] != "to page"]
@@ -223,6 +253,13 @@ export interface ReplyTopics {{
 /** ReplyTopics at run time: now, later, interim; empty lists at the end are left out. */
 export const replyTopics: {{ readonly [topic: string]: readonly (readonly string[])[] }} = {{
 {reply_table(asked)}}}
+
+/**
+ * RequestTopics at run time: the attributes' names, each with letters for the kinds of JSON that it
+ * may be (none: any) and "!" when it is needed; "*" for any other attribute.
+ */
+export const requestAttributes: {{ readonly [topic: string]: string }} = {{
+{attribute_table(requests, contract["$defs"])}}}
 """
 
 

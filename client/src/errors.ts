@@ -10,6 +10,7 @@
  * - `not-started`: the robot did not start what was asked.
  * - `no-paper`, `no-cards`: there is nothing left.
  * - `failed`: the device or service failed; see `code` and `said`.
+ * - `mistake`: the page asked for a topic or an attribute that is not in the contract.
  */
 export type ErrorKind =
   | 'no-robot'
@@ -23,6 +24,7 @@ export type ErrorKind =
   | 'no-paper'
   | 'no-cards'
   | 'failed'
+  | 'mistake'
 
 /** What this package rejects with. */
 export class PanorelError extends Error {

@@ -2,6 +2,7 @@ import type { Core, Line, Opener } from './channel.js'
 import { PanorelError } from './errors.js'
 import { createListeners, guarded } from './listeners.js'
 import { read, write } from './messages.js'
+import { mistakeIn } from './mistakes.js'
 import { createRequests } from './requests.js'
 import type { Robot, RobotState } from './types.js'
 
@@ -113,6 +114,8 @@ export function openRobot(open: Opener, timeout: number): Promise<Robot> {
       },
       onState: (callback: (state: RobotState) => void) => observers.add('', callback),
       send(topic: string, attributes?: unknown) {
+        const mistake = mistakeIn(topic, attributes)
+        if (mistake) throw new PanorelError('mistake', mistake)
         // With a callback no promise is made that nobody would look at.
         if (core) core.sendMessage(write(topic, attributes), () => {})
         else console.warn(`panorel: ${topic} is dropped, there is no connection to the robot`)
@@ -122,6 +125,8 @@ export function openRobot(open: Opener, timeout: number): Promise<Robot> {
       onAny: (callback: (topic: string, attributes: { [name: string]: unknown }) => void) =>
         spectators.add('', callback),
       request(topic: string, attributes?: unknown, options = {}) {
+        const mistake = mistakeIn(topic, attributes)
+        if (mistake) return Promise.reject(new PanorelError('mistake', mistake))
         return core
           ? requests.ask(topic, attributes, options)
           : Promise.reject(

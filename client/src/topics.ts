@@ -1590,3 +1590,42 @@ export const replyTopics: { readonly [topic: string]: readonly (readonly string[
     ['mail.sender.response'],
   ],
 }
+
+/**
+ * RequestTopics at run time: the attributes' names, each with letters for the kinds of JSON that it
+ * may be (none: any) and "!" when it is needed; "*" for any other attribute.
+ */
+export const requestAttributes: { readonly [topic: string]: string } = {
+  'system.log': 'level:s! message:s',
+  'system.statistic': 'topic:s! data:a',
+  'system.interaction.control': 'state:s!',
+  'system.language.set': 'language:s!',
+  'system.scripts.control': 'start:s stop:',
+  'dialog.say':
+    'macroses:o text:s step:s category:os use_general:b use_biometry:b face:o replica:o answer:o terminate:b',
+  'dialog.robot.replic.abort': '',
+  'dialog.replica.get': 'step:s replica_type:n category:os use_general:b use_biometry:b face:o',
+  'face.recognize.control': 'tracking_auto:b tracking_face:n add_face:n del_face:n head_enabled:b',
+  'system.general.touch': 'x:n! y:n!',
+  'database.user.request': 'get_user:n add_user:o del_user:n',
+  'operator.call.request': 'call:b!',
+  'printer.print': 'data:s ignore_not_connected:b',
+  'printer.state': 'ignore_not_connected:b',
+  'dispenser.dispense': 'ignore_not_connected:b',
+  'scanner.document.request': 'mode:n brightness:n resolution:n timeout:n ignore_not_connected:b',
+  'scanner.passport.request': 'timeout:n ignore_not_connected:b',
+  'system.drive.control': 'drive_point:n drive_pause:b drive_mode:n drive_charger:b',
+  'keyboard.control.request': 'get_locale: is_visible: set_locale:s show: hide:',
+  'system.settings.get': 'settings_type:s! group:s! name:s',
+  'system.environment.get': '',
+  'system.sound.properties': 'get_volume: set_volume:n get_mic: set_mic:n',
+  'system.play.external': 'url:s volume:n stop:',
+  'record.audio.request': 'start: timeout:n stop:',
+  'sip.control': 'call_start:o play_file:o play_text:o clear_queue: call_stop:',
+  'mail.sender.request': 'email:s! subject:s body:s filename:s',
+  'dialog.question.answer': 'text:s',
+  'cookie.set': '*',
+  'cookie.set.done': '*',
+  'parameters.get': '*',
+  'system.custom.event.js': '*',
+}

@@ -70,7 +70,8 @@ export interface Robot {
   onState(callback: (state: RobotState) => void): () => void
 
   /**
-   * Sends a message. What comes of it is told by messages of the robot. While there is no
+   * Sends a message. What comes of it is told by messages of the robot. Throws a PanorelError of kind
+   * "mistake" for a topic or an attribute that is not in the contract. While there is no
    * connection it is dropped, with a warning on the console: what was meant for a moment ago must
    * not happen later.
    */
