@@ -1,4 +1,5 @@
-// Builds dist/: an ES module, the same for tests of pages, a plain script, and the types.
+// Builds dist/: an ES module, the same for tests of pages, a plain script, the simulator's runner, and
+// the types.
 import { execFileSync } from 'node:child_process'
 import { rmSync } from 'node:fs'
 import { createRequire } from 'node:module'
@@ -26,6 +27,17 @@ await build({
   minify: true,
   outfile: 'dist/panorel.min.js',
 })
+// Runs in Node, never in a page.
+await build({
+  ...common,
+  entryPoints: ['src/simulator/index.ts'],
+  format: 'esm',
+  platform: 'node',
+  target: 'node18',
+  outfile: 'dist/simulator.mjs',
+})
 const tsc = createRequire(import.meta.url).resolve('typescript/bin/tsc')
-const options = ['--declaration', '--emitDeclarationOnly', '-p', 'tsconfig.json']
-execFileSync(process.execPath, [tsc, ...options], { stdio: 'inherit' })
+for (const project of ['tsconfig.json', 'tsconfig.simulator.json']) {
+  const options = ['--declaration', '--emitDeclarationOnly', '-p', project]
+  execFileSync(process.execPath, [tsc, ...options], { stdio: 'inherit' })
+}

@@ -7,6 +7,7 @@ import { build } from 'esbuild'
 import ts from 'typescript'
 import { describe, expect, it } from 'vitest'
 import * as source from '../src/index.js'
+import * as runner from '../src/simulator/index.js'
 import * as testing from '../src/testing/index.js'
 import { faults } from './support/compiler.js'
 
@@ -15,11 +16,13 @@ const read = (name: string) => readFileSync(path(name), 'utf8')
 // The compiler has other paths for what is built.
 const load = (name: string) => import(/* @vite-ignore */ path(name)) as Promise<typeof source>
 const scripts = readdirSync(path('dist')).filter((name) => /\.m?js$/.test(name))
+// The runner of the simulator never comes into a page.
+const forPages = scripts.filter((name) => name !== 'simulator.mjs')
 
 describe('what is built', () => {
   it('is all there', () => {
     expect(scripts).toEqual(
-      expect.arrayContaining(['panorel.min.js', 'panorel.mjs', 'testing.mjs']),
+      expect.arrayContaining(['panorel.min.js', 'panorel.mjs', 'simulator.mjs', 'testing.mjs']),
     )
     const exports = JSON.parse(read('package.json')).exports as { [name: string]: unknown }
     for (const [, file] of JSON.stringify(exports).matchAll(/"\.\/(dist\/[^"]*)"/g)) {
@@ -33,9 +36,19 @@ describe('what is built', () => {
     expect(size).toBeGreaterThan(4 * 1024)
   })
 
-  it.each(scripts)('%s is ES2017', (name) => {
+  it.each(forPages)('%s is ES2017', (name) => {
     const sourceType = name.endsWith('.mjs') ? 'module' : 'script'
     expect(() => parse(read(`dist/${name}`), { ecmaVersion: 2017, sourceType })).not.toThrow()
+  })
+
+  it.each(forPages)('%s needs nothing of Node', (name) => {
+    expect(read(`dist/${name}`)).not.toMatch(/from "[^.]|"node:|require\(/)
+  })
+
+  it('has a runner of the simulator that needs nothing but Node', () => {
+    const from = [...read('dist/simulator.mjs').matchAll(/ from "([^"]*)"/g)].map(([, it]) => it)
+    expect(from.length).toBeGreaterThan(3)
+    expect(from.filter((name) => !name?.startsWith('node:'))).toEqual([])
   })
 
   it('is seen when it is not ES2017', () => {
@@ -47,6 +60,7 @@ describe('what is built', () => {
     expect(names.length).toBeGreaterThan(60)
     expect(Object.keys(await load('dist/panorel.mjs')).sort()).toEqual(names)
     expect(Object.keys(await load('dist/testing.mjs')).sort()).toEqual(Object.keys(testing).sort())
+    expect(Object.keys(await load('dist/simulator.mjs')).sort()).toEqual(Object.keys(runner).sort())
     const page: { panorel?: object } = {}
     vm.runInNewContext(`${read('dist/panorel.min.js')}; this.panorel = panorel`, page)
     expect(Object.keys(page.panorel ?? {}).sort()).toEqual(names)
@@ -87,9 +101,13 @@ describe('what is built', () => {
     const page = `
       import { connect, type Robot } from 'panorel-client'
       import { fakeRobot } from 'panorel-client/testing'
+      import { type Simulator, startSimulator } from 'panorel-client/testing/simulator'
       export const robot: Promise<Robot> = connect({ open: fakeRobot().open })
       // @ts-expect-error no such topic
       robot.then((found) => found.send('system.language'))
+      export const simulator: Promise<Simulator> = startSimulator({ page: 'dist' })
+      // @ts-expect-error no such action
+      simulator.then((found) => found.robot.dance())
     `
     expect(faults(path('consumer.mts'), page, options)).toEqual([])
   })
@@ -116,17 +134,25 @@ describe('what is built', () => {
 })
 
 describe('the package', () => {
+  it('is the only thing that the template needs at run time', () => {
+    expect(JSON.parse(read('template/package.json')).dependencies).toEqual({
+      'panorel-client': 'file:..',
+    })
+  })
+
   it('needs nothing at run time', () => {
     const { dependencies, peerDependencies } = JSON.parse(read('package.json'))
     expect([dependencies, peerDependencies]).toEqual([undefined, undefined])
   })
 
-  it('names no address of a registry', () => {
-    const lock = read('package-lock.json')
-    expect(lock).not.toContain('"resolved"')
+  it.each(['', 'template/'])('%s names no address of a registry', (folder) => {
+    const lock = read(`${folder}package-lock.json`)
+    const resolved = [...lock.matchAll(/"resolved": "(.*)"/g)].map(([, address]) => address)
+    // The template takes the client from the folder around it.
+    expect(resolved).toEqual(folder ? ['file:..'] : [])
     const urls = [...lock.matchAll(/"([^"]*:\/\/[^"]*)"/g)].map(([, url]) => url ?? '')
     expect(urls.filter((url) => /npmjs|registry|\.tgz/.test(url))).toEqual([])
-    expect(read('.npmrc')).toContain('omit-lockfile-registry-resolved=true')
-    expect(read('.npmrc')).not.toContain('://')
+    expect(read(`${folder}.npmrc`)).toContain('omit-lockfile-registry-resolved=true')
+    expect(read(`${folder}.npmrc`)).not.toContain('://')
   })
 })

@@ -31,7 +31,7 @@ describe.each(['docs/client.md', 'client/README.md'])('%s', (document) => {
       expect(['sh', 'json', 'text']).toContain(language)
       return
     }
-    expect(file.startsWith('client/examples/')).toBe(true)
+    expect(file).toMatch(/^client\/(examples|template)\//)
     let rest = read(file)
     for (const part of `\n${lines.join('\n')}\n`.split('\n...\n')) {
       const at = `\n${rest}`.indexOf(`\n${part.trim() ? part.replace(/^\n/, '') : part}`)
@@ -44,7 +44,7 @@ describe.each(['docs/client.md', 'client/README.md'])('%s', (document) => {
     const commands = all.filter(({ info }) => info === 'sh').flatMap(({ lines }) => lines)
     const { scripts } = JSON.parse(read('client/package.json')) as { scripts: object }
     for (const command of commands) {
-      const [, script] = /^npm (?:run )?(\w+)/.exec(command) ?? []
+      const [, script] = /^npm (?:run )?([\w:]+)/.exec(command) ?? []
       if (command.startsWith('scripts/')) {
         expect(existsSync(`${root}${command.split(' ')[0]}`), command).toBe(true)
       } else if (script !== 'ci' && script !== 'install') {

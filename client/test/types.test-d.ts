@@ -1,6 +1,7 @@
 // What does not compile, and what does: looked at by the compiler alone (npm run check).
-import type { EventTopics, Face, Robot } from '../src/index.js'
+import type { EventTopics, Face, RequestTopics, Robot } from '../src/index.js'
 import { print, sendMail } from '../src/index.js'
+import { startSimulator } from '../src/simulator/index.js'
 import { fakeRobot } from '../src/testing/index.js'
 
 type Same<A, B> = (<T>() => T extends A ? 1 : 2) extends <T>() => T extends B ? 1 : 2 ? true : false
@@ -99,4 +100,32 @@ export async function types(robot: Robot): Promise<void> {
   fake.emit('dialog.user.said', { text: 'x' })
   // @ts-expect-error no such topic
   fake.sentOf('printer.prin')
+}
+
+export async function simulatorTypes(): Promise<void> {
+  const { robot } = await startSimulator({ page: 'dist', without: ['printer'] })
+  // @ts-expect-error no such device
+  startSimulator({ without: ['wheels'] })
+  await robot.tell('user.lost.user')
+  await robot.tell('system.drive.mode', { mode: 2 })
+  // @ts-expect-error a topic that only the page sends
+  await robot.tell('dialog.say', { text: 'x' })
+  // @ts-expect-error its attributes are missing
+  await robot.tell('user.has.user')
+  // @ts-expect-error another kind
+  await robot.tell('system.drive.mode', { mode: 'follow' })
+  // @ts-expect-error no such word
+  await robot.drive({ mode: 'sideways' })
+  // @ts-expect-error a text is needed
+  await robot.hear({ final: true })
+  const said = await robot.waitForMessage('dialog.say', { where: ({ text }) => text === 'Hi' })
+  same<typeof said.topic, 'dialog.say'>(true)
+  same<typeof said.attributes, RequestTopics['dialog.say'] | undefined>(true)
+  const gone = await robot.waitForMessage('user.has.user')
+  same<typeof gone.attributes, EventTopics['user.has.user'] | undefined>(true)
+  // @ts-expect-error no such topic
+  await robot.waitForMessage('dialog.sai')
+  const { printer } = await robot.state()
+  // @ts-expect-error this robot may have none
+  printer.paper
 }

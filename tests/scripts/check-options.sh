@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# What scripts/fuzz.sh and scripts/memcheck.sh answer before they build anything: check-options.sh ROOT
+# What fuzz.sh, memcheck.sh and test-pages.sh of scripts/ answer before they build anything: check-options.sh ROOT
 set -euo pipefail
 scripts=$1/scripts
 
@@ -38,3 +38,7 @@ done
 
 helps memcheck.sh --no-install --help
 refuses --no-such-option memcheck.sh --no-such-option
+
+helps test-pages.sh --simulator --keep --help
+refuses --no-such-option test-pages.sh --no-such-option
+refuses --simulator test-pages.sh --simulator

@@ -1,0 +1,23 @@
+import { expect, it } from 'vitest'
+import { Desk } from '../support/pages.js'
+
+const desk = new Desk()
+
+it('page.html finds its robot, greets, and sees the visitor leave', async () => {
+  await desk.page.goto(desk.simulator.url)
+  const said = await desk.robot.waitForMessage('dialog.say')
+  expect(said).toMatchObject({ direction: 'from page', attributes: { text: 'I am ready' } })
+  const language = await desk.robot.waitForMessage('system.language.set')
+  expect(language.attributes).toEqual({ language: 'en' })
+  await desk.robot.enter({ name: 'Ada' })
+  await desk.page.getByText('Hello Ada').waitFor()
+  await desk.robot.leave()
+  await desk.page.getByText('Nobody here').waitFor()
+})
+
+it('page.html says that there is no robot when its address has no token', async () => {
+  // The first address leaves a cookie, which brings the page, but no robot.
+  await desk.open()
+  await desk.page.goto(desk.simulator.url.split('?')[0] ?? '')
+  await desk.page.getByText(/^no robot here/).waitFor()
+})

@@ -1,0 +1,71 @@
+#!/usr/bin/env bash
+# Tests pages in Chromium with a simulated robot: the client's runner, its shortest page, its template.
+set -euo pipefail
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+. "$root/scripts/common.sh"
+
+usage() {
+    cat << 'END'
+Usage: scripts/test-pages.sh [OPTION...]
+
+Installs the modules that client/ and client/template/ name, builds both, and runs their tests that need a
+simulator and a browser. Needs Node 18 or later with npm, and Chromium (Debian packages: nodejs, npm,
+chromium). Writes only below client/, to npm's cache and to a temporary folder, which it removes.
+
+  --simulator PATH   the program to test with; default: builds the one of the preset dev
+  --keep             keep the modules that are there, if any
+  --help             this text
+
+The environment variable CHROMIUM names another browser of that kind.
+END
+}
+
+keep=no
+simulator=''
+while [ $# -gt 0 ]; do
+    case "$1" in
+        --help | -h) usage; exit 0 ;;
+        --keep) keep=yes; shift ;;
+        --simulator) value_of "$@"; simulator=$(absolute "$2"); shift 2 ;;
+        *) say "unknown option $1; see scripts/test-pages.sh --help."; exit 2 ;;
+    esac
+done
+
+for tool in node npm "${CHROMIUM:-chromium}"; do
+    command -v "$tool" > /dev/null \
+        || fail "$tool is not installed (Debian packages: nodejs, npm, chromium)."
+done
+version=$(node --version)
+major=${version#v}
+[ "${major%%.*}" -ge 18 ] || fail "Node $version is too old: 18 or later is needed."
+
+if [ -z "$simulator" ]; then
+    build_preset dev panorel-simulator
+    simulator=$root/build/dev/bin/panorel-simulator
+fi
+[ -x "$simulator" ] && [ ! -d "$simulator" ] || fail "there is no program $simulator."
+
+export npm_config_update_notifier=false PANOREL_SIMULATOR=$simulator
+install_modules() {
+    [ "$keep" = yes ] && [ -d node_modules ] && return
+    npm ci --no-audit --no-fund --loglevel=error \
+        || fail "npm could not install the modules of $PWD; its message above says why."
+}
+
+cd "$root/client"
+install_modules
+npm run --silent build || fail "the client is not built; mend what is above."
+cd template
+install_modules
+# The template has a copy of the client, which may have been built anew.
+rm -rf node_modules/panorel-client/dist
+cp -r ../dist node_modules/panorel-client/dist
+
+# Sockets in it need a short path.
+make_work_folder "${TMPDIR:-/tmp}/panorel-pages"
+export TMPDIR=$work/tmp
+npm run --silent check || fail "the template's types are wrong; see above."
+npm test --silent || fail "the template's first failed test above says why."
+npm run --silent test:browser || fail "the template's first failed test above says why."
+cd ..
+npm run --silent test:pages || fail "the first failed test above says why."
