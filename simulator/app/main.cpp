@@ -1,3 +1,4 @@
+#include "panorel/RobotPaths.h"
 #include "simulator/app/CommandLine.h"
 #include "simulator/app/DemoVisit.h"
 #include "simulator/app/MessageReporter.h"
@@ -14,6 +15,8 @@
 #include "simulator/server/RobotControl.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFileInfo>
 #include <QFont>
 #include <QLoggingCategory>
 #include <QStandardPaths>
@@ -78,6 +81,17 @@ void tellProblem(const RobotCore &core)
     const QString problem = core.devices().users->problem();
     if (!problem.isEmpty())
         print(stderr, problem + QStringLiteral("\nAnother folder is given with --data."));
+}
+
+/// What a page prints goes by the home folder of the robot's user, which a desk may not have.
+void makeRobotHome()
+{
+    const QString home = QFileInfo(panorel::paths::printPicture()).path();
+    if (!QDir().mkpath(home) || !QFileInfo(home).isWritable())
+        print(stderr,
+              QStringLiteral("Nothing can be printed: the robot's home folder %1 cannot be written "
+                             "to. Make it yours, or build with another PANOREL_ROBOT_HOME.")
+                  .arg(home));
 }
 
 /// Lets browsers show the page. Returns null when it cannot be served.
@@ -163,6 +177,7 @@ int main(int argc, char *argv[])
     equipment.dataFolder = dataFolder(commandLine);
     RobotCore core(equipment);
     tellProblem(core);
+    makeRobotHome();
     // The pace is a handle that all of the core share.
     core.pace().setSpeed(commandLine.speed()); // clazy:exclude=writing-to-temporary
     core.replicas()->setScenario(scenario.scenario());

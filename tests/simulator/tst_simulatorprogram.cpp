@@ -1,6 +1,9 @@
+#include "panorel/RobotPaths.h"
 #include "tests/support/TestCase.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QImage>
 #include <QProcess>
 #include <QProcessEnvironment>
@@ -28,6 +31,7 @@ private Q_SLOTS:
     void saysWhenItsDataCannotBeKept();
     void runsWithoutDevices();
     void saysWhichDevicesItKnows();
+    void makesTheRobotsHome();
     void endsOnASignal_data();
     void endsOnASignal();
     void servesThePage_data();
@@ -288,6 +292,21 @@ new QWebChannel(qt.webChannelTransport, (channel) => {
     QTRY_VERIFY_WITH_TIMEOUT(isReady(), m_patience);
     QCOMPARE(::kill(static_cast<pid_t>(m_program.processId()), number), 0);
     QCOMPARE(end(), 0);
+}
+
+void SimulatorProgramTest::makesTheRobotsHome()
+{
+    const QString home = QFileInfo(panorel::paths::printPicture()).path();
+    const QString aside = home + QStringLiteral(".aside");
+    const bool wasThere = QDir().rename(home, aside);
+    start({QStringLiteral("--serve"), QStringLiteral("--port=0")});
+    QTRY_VERIFY_WITH_TIMEOUT(m_program.canReadLine(), m_patience);
+    m_program.terminate();
+    const bool isThere = QDir().rmdir(home);
+    if (wasThere)
+        QVERIFY(QDir().rename(aside, home));
+    QCOMPARE(end(), 0);
+    QVERIFY(isThere);
 }
 
 void SimulatorProgramTest::servesThePage_data()
