@@ -67,6 +67,31 @@ build_preset() {
         || fail "building failed; the first error above says why."
 }
 
+need_node() {
+    local tool version major
+    for tool in node npm; do
+        command -v "$tool" > /dev/null || fail "$tool is not installed (Debian packages: nodejs, npm)."
+    done
+    version=$(node --version)
+    major=${version#v}
+    [ "${major%%.*}" -ge 18 ] || fail "Node $version is too old: 18 or later is needed."
+}
+
+# Installs the modules that FOLDER/package-lock.json names, unless they are there already; of several
+# scripts at once, one does it: install_modules FOLDER
+install_modules() {
+    local folder=$1
+    mkdir -p "$root/build"
+    (
+        flock 9
+        cmp -s "$folder/package-lock.json" "$folder/node_modules/.panorel-installed" && exit 0
+        cd "$folder"
+        npm_config_update_notifier=false npm ci --no-audit --no-fund --loglevel=error \
+            || fail "npm could not install the modules of $folder; its message above says why."
+        cp package-lock.json node_modules/.panorel-installed
+    ) 9> "$root/build/.npm-lock" || exit 1
+}
+
 # Gives the process a private folder for sockets, when the login has none.
 need_runtime_dir() {
     [ -n "${XDG_RUNTIME_DIR:-}" ] && [ -d "$XDG_RUNTIME_DIR" ] && return

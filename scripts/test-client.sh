@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Checks, builds and tests the page's client package, from a clean folder of modules.
+# Checks, builds and tests the page's client package.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 . "$root/scripts/common.sh"
@@ -12,32 +12,21 @@ Installs the modules that client/package-lock.json names, checks types, lint and
 builds client/dist and runs the tests. Needs Node 18 or later with npm (Debian packages: nodejs, npm) and
 writes only below client/ and to npm's cache.
 
-  --keep          keep the modules that are there, if any
   --help          this text
 END
 }
 
-keep=no
 while [ $# -gt 0 ]; do
     case "$1" in
         --help | -h) usage; exit 0 ;;
-        --keep) keep=yes; shift ;;
         *) say "unknown option $1; see scripts/test-client.sh --help."; exit 2 ;;
     esac
 done
 
-for tool in node npm; do
-    command -v "$tool" > /dev/null || fail "$tool is not installed (Debian packages: nodejs, npm)."
-done
-version=$(node --version)
-major=${version#v}
-[ "${major%%.*}" -ge 18 ] || fail "Node $version is too old: 18 or later is needed."
-
+need_node
 export npm_config_update_notifier=false
+install_modules "$root/client"
 cd "$root/client"
-if [ "$keep" = no ] || [ ! -d node_modules ]; then
-    npm ci --no-audit --no-fund --loglevel=error || fail "npm could not install the modules; its message above says why."
-fi
 # Whatever the tests write stays in this folder.
 mkdir -p node_modules/.tmp
 export TMPDIR=$PWD/node_modules/.tmp

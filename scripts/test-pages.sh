@@ -13,31 +13,24 @@ simulator and a browser. Needs Node 18 or later with npm, and Chromium (Debian p
 chromium). Writes only below client/, to npm's cache and to a temporary folder, which it removes.
 
   --simulator PATH   the program to test with; default: builds the one of the preset dev
-  --keep             keep the modules that are there, if any
   --help             this text
 
 The environment variable CHROMIUM names another browser of that kind.
 END
 }
 
-keep=no
 simulator=''
 while [ $# -gt 0 ]; do
     case "$1" in
         --help | -h) usage; exit 0 ;;
-        --keep) keep=yes; shift ;;
         --simulator) value_of "$@"; simulator=$(absolute "$2"); shift 2 ;;
         *) say "unknown option $1; see scripts/test-pages.sh --help."; exit 2 ;;
     esac
 done
 
-for tool in node npm "${CHROMIUM:-chromium}"; do
-    command -v "$tool" > /dev/null \
-        || fail "$tool is not installed (Debian packages: nodejs, npm, chromium)."
-done
-version=$(node --version)
-major=${version#v}
-[ "${major%%.*}" -ge 18 ] || fail "Node $version is too old: 18 or later is needed."
+need_node
+command -v "${CHROMIUM:-chromium}" > /dev/null \
+    || fail "${CHROMIUM:-chromium} is not installed (Debian package: chromium)."
 
 if [ -z "$simulator" ]; then
     build_preset dev panorel-simulator
@@ -46,17 +39,12 @@ fi
 [ -x "$simulator" ] && [ ! -d "$simulator" ] || fail "there is no program $simulator."
 
 export npm_config_update_notifier=false PANOREL_SIMULATOR=$simulator
-install_modules() {
-    [ "$keep" = yes ] && [ -d node_modules ] && return
-    npm ci --no-audit --no-fund --loglevel=error \
-        || fail "npm could not install the modules of $PWD; its message above says why."
-}
 
+install_modules "$root/client"
 cd "$root/client"
-install_modules
 npm run --silent build || fail "the client is not built; mend what is above."
+install_modules "$root/client/template"
 cd template
-install_modules
 # The template has a copy of the client, which may have been built anew.
 rm -rf node_modules/panorel-client/dist
 cp -r ../dist node_modules/panorel-client/dist

@@ -39,6 +39,6 @@ done
 helps memcheck.sh --no-install --help
 refuses --no-such-option memcheck.sh --no-such-option
 
-helps test-pages.sh --simulator --keep --help
+helps test-pages.sh --simulator --help
 refuses --no-such-option test-pages.sh --no-such-option
 refuses --simulator test-pages.sh --simulator

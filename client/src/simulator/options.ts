@@ -28,6 +28,9 @@ export interface SimulatorOptions {
   allowOrigins?: readonly string[]
   /** The port to serve at. Default 0: any that is free. */
   port?: number
+  /** Shows the page on the robot's screen, too, and lets tools drive that at this port of 127.0.0.1: the
+   *  debugging port of the screen's web engine. */
+  screenPort?: number
   /** Shows the robot and what can happen to it, in a window on the display. Default false. */
   display?: boolean
   /** Milliseconds in which it has to start. Default 30000. */
@@ -44,6 +47,7 @@ export function argumentsFor(options: SimulatorOptions, folder: string): string[
   if (scenario !== undefined) list.push('--scenario', path(scenario))
   if (speed !== undefined) list.push('--speed', String(speed))
   if (without?.length) list.push('--without', without.join(','))
+  if (options.screenPort !== undefined) list.push('--window')
   for (const origin of allowOrigins) list.push('--allow-origin', origin)
   return list
 }
@@ -63,6 +67,8 @@ export function environmentFor(
     own.QT_QUICK_BACKEND = 'software'
     own.QTWEBENGINE_CHROMIUM_FLAGS = '--disable-gpu'
   }
+  if (options.screenPort !== undefined)
+    own.QTWEBENGINE_REMOTE_DEBUGGING = `127.0.0.1:${options.screenPort}`
   // Without this, the sound library might start a server, which would stay.
   if (!process.env.PULSE_SERVER) own.PULSE_SERVER = `unix:${join(folder, 'no-sound')}`
   // The web engine's sandbox refuses to run as root.

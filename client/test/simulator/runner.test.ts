@@ -115,6 +115,13 @@ describe('a start', () => {
     })
   })
 
+  it("shows the page on the robot's screen, too, with a port for tools", async () => {
+    await start('well', { screenPort: 9222 })
+    const { arguments: list, environment } = folder.report()
+    expect(list).toContain('--window')
+    expect(environment.QTWEBENGINE_REMOTE_DEBUGGING).toBe('127.0.0.1:9222')
+  })
+
   it('tells why the program ended', async () => {
     const why = await simulatorFailure(start('ends'), 'ended')
     expect(why).toBe(`${fakeSimulator} ended with 1; it said:\nThere is no page to read.`)
