@@ -61,6 +61,10 @@ if(PANOREL_BUILD_SIMULATOR)
     INSTALL_RPATH $ORIGIN/${panorel_libraries}:$ORIGIN/${panorel_libraries}/panorel)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/simulator/pages ${PROJECT_SOURCE_DIR}/simulator/scenarios
     DESTINATION ${CMAKE_INSTALL_DATADIR}/panorel COMPONENT simulator)
+  if(PANOREL_BUILD_PAGES)
+    install(DIRECTORY ${PANOREL_PAGES}/reception
+      DESTINATION ${CMAKE_INSTALL_DATADIR}/panorel/pages COMPONENT simulator)
+  endif()
 endif()
 
 # Debian packages: "cpack" in the build folder.

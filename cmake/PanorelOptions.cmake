@@ -8,6 +8,7 @@ if(NOT IS_ABSOLUTE "${PANOREL_ROBOT_HOME}")
 endif()
 set(PANOREL_HOST_TARGET "" CACHE STRING "Existing target to use as Panorel::host")
 option(PANOREL_BUILD_SIMULATOR "Build the robot on a desk" ${PANOREL_TOP_LEVEL})
+option(PANOREL_BUILD_PAGES "Build the pages with npm" ${PANOREL_BUILD_SIMULATOR})
 option(PANOREL_BUILD_EXAMPLES "Build the numbered examples" ${PANOREL_TOP_LEVEL})
 option(PANOREL_BUILD_TESTS "Build the tests" ${PANOREL_TOP_LEVEL})
 option(PANOREL_BUILD_BENCHMARKS "Build the benchmarks" OFF)
@@ -21,9 +22,11 @@ option(PANOREL_WERROR "Treat warnings as errors" OFF)
 set(PANOREL_SANITIZE "" CACHE STRING "Sanitizers to build with, such as address,undefined")
 option(PANOREL_COVERAGE "Count which lines of the two libraries run" OFF)
 
-if(PANOREL_BUILD_TESTS AND NOT (PANOREL_BUILD_SIMULATOR AND PANOREL_BUILD_EXAMPLES))
-  message(FATAL_ERROR "The tests need the simulator and the examples: set PANOREL_BUILD_SIMULATOR "
-    "and PANOREL_BUILD_EXAMPLES to ON, or PANOREL_BUILD_TESTS to OFF.")
+if(PANOREL_BUILD_TESTS
+   AND NOT (PANOREL_BUILD_SIMULATOR AND PANOREL_BUILD_EXAMPLES AND PANOREL_BUILD_PAGES))
+  message(FATAL_ERROR "The tests need the simulator, the examples and the pages: set "
+    "PANOREL_BUILD_SIMULATOR, PANOREL_BUILD_EXAMPLES and PANOREL_BUILD_PAGES to ON, or "
+    "PANOREL_BUILD_TESTS to OFF.")
 endif()
 if(PANOREL_BUILD_EXAMPLES AND NOT PANOREL_BUILD_SIMULATOR)
   message(FATAL_ERROR "The examples need the simulator's robot core: set PANOREL_BUILD_SIMULATOR "

@@ -45,7 +45,7 @@ struct Options
     QCommandLineOption page{
         QStringLiteral("page"),
         QStringLiteral("The page to show: an HTML file, a folder with an index.html, or a URL. "
-                       "Default: the sample page."),
+                       "Default: the page of a reception."),
         QStringLiteral("FILE-OR-FOLDER-OR-URL")};
     QCommandLineOption scenario{
         QStringLiteral("scenario"),

@@ -23,7 +23,7 @@ public:
     /// All that the program understands. Needs an application object.
     static QString helpText();
 
-    /// A file, a folder or a URL; empty means the sample page.
+    /// A file, a folder or a URL; empty means the page of a reception.
     QString page() const { return m_page; }
     /// A file; empty means the sample scenario.
     QString scenario() const { return m_scenario; }

@@ -16,7 +16,7 @@ const char indexFile[] = "index.html";
 PageAddress::PageAddress(const QString &text)
 {
     if (text.isEmpty()) {
-        findSample();
+        findDefault();
         return;
     }
     // A colon alone makes no URL: files may have one in their name.
@@ -37,25 +37,27 @@ QString PageAddress::fileName() const
     return name == QLatin1String(indexFile) ? QString() : name;
 }
 
-void PageAddress::findSample()
+void PageAddress::findDefault()
 {
-    const QDir program(QCoreApplication::applicationDirPath());
     // An installed program shows what was installed with it.
+    const QDir program(QCoreApplication::applicationDirPath());
     const QString source = QStringLiteral(PANOREL_SAMPLE_PAGE);
     const QStringList folders = {
+        program.filePath(QStringLiteral("../share/panorel/pages/reception")),
+        QStringLiteral(PANOREL_RECEPTION_PAGE),
         program.filePath(QStringLiteral("../share/panorel/pages/sample")),
         source,
         program.filePath(QStringLiteral("../../../simulator/pages/sample")),
     };
     for (const QString &folder : folders) {
         const QFileInfo index(QDir(folder).filePath(QLatin1String(indexFile)));
-        if (index.isFile()) {
+        if (!folder.isEmpty() && index.isFile()) {
             m_url = QUrl::fromLocalFile(index.canonicalFilePath());
             return;
         }
     }
-    m_error = QStringLiteral("The sample page is not there; it is looked for in %1.\n"
-                             "Name a page of your own with --page.")
+    m_error = QStringLiteral("The page of a reception is not there, nor the sample page; they are "
+                             "looked for in %1, too.\nName a page of your own with --page.")
                   .arg(QDir::cleanPath(source));
 }
 

@@ -9,7 +9,8 @@ namespace simulator {
 class PageAddress
 {
 public:
-    /// @p text is a file, a folder with an index.html, or a URL; empty means the sample page.
+    /// @p text is a file, a folder with an index.html, or a URL; empty means the page of a
+    /// reception or, where it was not built, the plain sample page.
     explicit PageAddress(const QString &text);
 
     bool isFound() const { return m_error.isEmpty(); }
@@ -24,7 +25,7 @@ public:
     QString error() const { return m_error; }
 
 private:
-    void findSample();
+    void findDefault();
     void findFile(const QString &path);
 
     QUrl m_url;

@@ -52,8 +52,9 @@ private Q_SLOTS:
 
 void ExamplesTest::readmeHostAndReadmePageTalk()
 {
-    // The page asks for a language, the host answers with an event, the page logs its topic.
-    outputUntil(QStringLiteral(README_HOST), {QStringLiteral(README_PAGE)}, "\"dialog.user.said\"");
+    // The page asks for a language, the host answers with an event, the page repeats what it hears.
+    outputUntil(QStringLiteral(README_HOST), {QStringLiteral(README_PAGE)},
+                "You said Guten Tag");
 }
 
 void ExamplesTest::publishAndSubscribe()

@@ -47,7 +47,7 @@ export class Desk {
   /** Opens the page, and waits until it has found its robot. */
   async open(): Promise<void> {
     await this.page.goto(this.simulator.url)
-    await this.robot.waitForMessage('dialog.say')
+    await this.robot.waitForMessage('system.language.set')
   }
 
   /** Waits until the robot's state is so. */
