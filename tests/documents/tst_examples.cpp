@@ -53,8 +53,7 @@ private Q_SLOTS:
 void ExamplesTest::readmeHostAndReadmePageTalk()
 {
     // The page asks for a language, the host answers with an event, the page repeats what it hears.
-    outputUntil(QStringLiteral(README_HOST), {QStringLiteral(README_PAGE)},
-                "You said Guten Tag");
+    outputUntil(QStringLiteral(README_HOST), {QStringLiteral(README_PAGE)}, "You said Guten Tag");
 }
 
 void ExamplesTest::publishAndSubscribe()
