@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds Panorel and shows its sample page with a simulated robot behind it.
+# Builds Panorel and shows a page with a simulated robot behind it.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 . "$root/scripts/common.sh"
@@ -9,7 +9,7 @@ usage() {
 Usage: ./run.sh [OPTION...]
 
 Installs what is missing (Debian packages), builds, and starts the simulator: a window with the
-sample page and, beside it, the robot. Without a display the same runs under Xvfb.
+page of a reception and, beside it, the robot. Without a display the same runs under Xvfb.
 
   --screenshot FILE   show the page, wait until page and robot have exchanged messages, write a
                       PNG of the whole window to FILE, and end
