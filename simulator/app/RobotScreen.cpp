@@ -5,6 +5,8 @@
 
 #include <QResizeEvent>
 #include <QWebChannel>
+#include <QWebEnginePage>
+#include <QWebEngineView>
 
 namespace simulator {
 
@@ -20,7 +22,19 @@ protected:
 
 RobotScreen::RobotScreen(QWidget *parent)
     : Panorel(*new RobotScreenPrivate, parent)
-{ }
+{
+    // Whoever shows a page on a robot trusts it. Without an answer the page would wait for ever.
+    QWebEnginePage *page = d->view->page();
+    connect(page, &QWebEnginePage::featurePermissionRequested, page,
+            [page](const QUrl &origin, QWebEnginePage::Feature feature) {
+                const bool allowed = feature == QWebEnginePage::MediaVideoCapture
+                    || feature == QWebEnginePage::MediaAudioCapture
+                    || feature == QWebEnginePage::MediaAudioVideoCapture;
+                page->setFeaturePermission(origin, feature,
+                                           allowed ? QWebEnginePage::PermissionGrantedByUser
+                                                   : QWebEnginePage::PermissionDeniedByUser);
+            });
+}
 
 MessageReporter *RobotScreen::reporter() const
 {

@@ -10,7 +10,8 @@ namespace simulator {
 
 class MessageReporter;
 
-/// The robot's screen, with a bus that tells what it delivers.
+/// The robot's screen, with a bus that tells what it delivers. Its page may use camera and microphone,
+/// and nothing else that a web engine asks for, such as the position.
 class RobotScreen : public panorel::Panorel
 {
     Q_OBJECT
