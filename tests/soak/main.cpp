@@ -38,7 +38,10 @@ constexpr Option options[] = {
      "machine.",
      ""},
     {"growth-limit", "Growth of private memory in percent; -1: any.", "2"},
-    {"answer-limit", "Longest wait for an answer or a picture in milliseconds; -1: any.", "30000"},
+    {"answer-limit",
+     "Longest wait for an answer or a picture in milliseconds, after a long flood as long as "
+     "the flood; -1: any.",
+     "30000"},
     {"fault", "A fault of the bus that the soak has to notice.", ""},
     {"json", "Writes the figures to this file, too.", ""},
 };
