@@ -1,8 +1,8 @@
 #include "panorel/AsyncExecutor.h"
 #include "panorel/AsyncTask.h"
 #include "tests/support/TestCase.h"
+#include "tests/support/VisibleSemaphore.h"
 
-#include <QSemaphore>
 #include <QThreadPool>
 
 #include <atomic>
@@ -61,7 +61,7 @@ void AsyncExecutorTest::changesItsPool()
 void AsyncExecutorTest::runsOnAnotherThread()
 {
     AsyncExecutor executor(1);
-    QSemaphore done;
+    VisibleSemaphore done;
     QThread *thread = nullptr;
     executor.execute([&] {
         thread = QThread::currentThread();
@@ -74,8 +74,8 @@ void AsyncExecutorTest::runsOnAnotherThread()
 void AsyncExecutorTest::runsAtMostSoManyAtOnce()
 {
     AsyncExecutor executor(2);
-    QSemaphore started;
-    QSemaphore mayEnd;
+    VisibleSemaphore started;
+    VisibleSemaphore mayEnd;
     std::atomic<int> running{0};
     std::atomic<int> most{0};
     constexpr int tasks = 5;
