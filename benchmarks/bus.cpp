@@ -243,6 +243,7 @@ void addArguments(benchmark::internal::Benchmark *benchmark)
 
 } // namespace
 
+// These register by static objects. clazy:excludeall=non-pod-global-static
 BENCHMARK(publishDirect)->Name("publish/direct")->Apply(addArguments);
 BENCHMARK(publishBus)->Name("publish/panorel")->Apply(addArguments);
 BENCHMARK(publishOtherTexts)->Name("publish/panorel-other-text")->Args({96, 1});

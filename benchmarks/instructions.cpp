@@ -65,6 +65,7 @@ void publish(int times, int handlers)
     PanorelQueueBrocker bus;
     subscribeAll(bus, handlers);
     std::vector<Message> messages;
+    messages.reserve(topics);
     for (int i = 0; i < topics; ++i)
         messages.emplace_back(topic(i), attributes());
     publishEach(times, bus, messages);
@@ -78,6 +79,7 @@ void publishUnheard(int times)
     PanorelQueueBrocker bus;
     subscribeAll(bus, 1);
     std::vector<Message> messages;
+    messages.reserve(topics);
     for (int i = 0; i < topics; ++i)
         messages.emplace_back(QStringLiteral("nobody.cares.%1").arg(i), attributes());
     publishEach(times, bus, messages);

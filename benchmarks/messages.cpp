@@ -92,6 +92,7 @@ void addReports(benchmark::internal::Benchmark *benchmark)
 
 } // namespace
 
+// These register by static objects. clazy:excludeall=non-pod-global-static
 BENCHMARK(envelopePanorel)->Name("envelope/panorel")->Apply(addReports);
 BENCHMARK(envelopeNaive)->Name("envelope/naive")->Apply(addReports);
 BENCHMARK(statisticsPanorel)->Name("statistics/panorel")->Args({10, 100});

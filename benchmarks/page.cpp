@@ -23,17 +23,21 @@
 namespace {
 
 /// All roads that were opened; closed before the application ends.
-std::vector<std::unique_ptr<Road>> openRoads;
+std::vector<std::unique_ptr<Road>> &openRoads()
+{
+    static std::vector<std::unique_ptr<Road>> roads;
+    return roads;
+}
 
 /// The one road of its kind, opened when it is first needed.
 template <typename Kind>
 Kind &road()
 {
     static Kind *const only = [] {
-        openRoads.push_back(std::make_unique<Kind>());
-        if (!openRoads.back()->open())
+        openRoads().push_back(std::make_unique<Kind>());
+        if (!openRoads().back()->open())
             qFatal("the page did not become ready in time");
-        return static_cast<Kind *>(openRoads.back().get());
+        return static_cast<Kind *>(openRoads().back().get());
     }();
     return *only;
 }
@@ -226,6 +230,6 @@ int main(int argc, char **argv)
     addAll(isQuick);
     const QApplication app(argc, argv);
     benchmark::RunSpecifiedBenchmarks();
-    openRoads.clear();
+    openRoads().clear();
     return 0;
 }

@@ -25,7 +25,7 @@ private:
     void receive(const QString &text);
 
     QWebSocket *m_socket;
-    qint64 m_maximumBacklog = 64 * 1024 * 1024;
+    qint64 m_maximumBacklog = qint64{64} * 1024 * 1024;
 };
 
 } // namespace simulator

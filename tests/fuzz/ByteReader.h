@@ -27,6 +27,9 @@ public:
         return *m_data++;
     }
 
+    /// -128 to 127.
+    int signedByte() { return static_cast<int>(bits<std::int8_t>()); }
+
     bool flag() { return (byte() & 1) != 0; }
 
     /// 0 to @p end - 1, for up to 256 choices.
@@ -52,7 +55,7 @@ public:
     QByteArray bytes(std::size_t size)
     {
         const std::size_t count = size < m_left ? size : m_left;
-        const QByteArray taken(reinterpret_cast<const char *>(m_data), static_cast<int>(count));
+        QByteArray taken(reinterpret_cast<const char *>(m_data), static_cast<int>(count));
         m_data += count;
         m_left -= count;
         return taken;

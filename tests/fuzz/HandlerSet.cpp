@@ -67,7 +67,7 @@ QString statisticFolder()
     constexpr int mostUses = 2000;
     static const QTemporaryDir folder;
     static int uses = 0;
-    const QString path = folder.path() + QStringLiteral("/statistic/");
+    QString path = folder.path() + QStringLiteral("/statistic/");
     if (++uses % mostUses == 0)
         QDir(path).removeRecursively();
     return path;

@@ -8,8 +8,8 @@
 #include <cmath>
 
 // There when the leak sanitizer is.
-extern "C" __attribute__((weak)) void __lsan_disable();
-extern "C" __attribute__((weak)) void __lsan_enable();
+extern "C" __attribute__((weak)) void __lsan_disable(); // NOLINT(bugprone-reserved-identifier)
+extern "C" __attribute__((weak)) void __lsan_enable(); // NOLINT(bugprone-reserved-identifier)
 
 namespace {
 
@@ -138,7 +138,7 @@ double JsonSource::number()
 {
     switch (m_reader->below(3)) {
     case 0:
-        return m_reader->bits<std::int8_t>();
+        return m_reader->signedByte();
     case 1:
         return m_reader->oneOf(edges);
     default: {
@@ -164,7 +164,7 @@ QString JsonSource::text(const QStringList &words)
     case 1:
         return QString::fromUtf8(m_reader->bytes(m_reader->byte()));
     case 2: {
-        const QByteArray units = m_reader->bytes(2u * m_reader->byte());
+        const QByteArray units = m_reader->bytes(std::size_t{2} * m_reader->byte());
         QString any(units.size() / 2, QChar());
         std::memcpy(any.data(), units.constData(), 2 * static_cast<std::size_t>(any.size()));
         return any;

@@ -21,7 +21,7 @@
 
 extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv);
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size);
-// There when a sanitizer is.
+// There when a sanitizer is. NOLINTNEXTLINE(bugprone-reserved-identifier)
 extern "C" __attribute__((weak)) void __sanitizer_set_death_callback(void (*callback)());
 
 namespace {
@@ -29,22 +29,23 @@ namespace {
 constexpr unsigned secondsForAnInput = 60; // with sanitizers, on a busy machine
 constexpr int longest = 4096;
 
-QByteArray current;
-QByteArray findingFile;
+// Made by main() and never deleted: a signal may come at the very end.
+QByteArray *current = nullptr;
+QByteArray *findingFile = nullptr;
 
 /// Only what a signal handler may call.
 void keepFinding()
 {
-    const int file = open(findingFile.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
+    const int file = open(findingFile->constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
     if (file < 0)
         return;
     const ssize_t written =
-        write(file, current.constData(), static_cast<std::size_t>(current.size()));
+        write(file, current->constData(), static_cast<std::size_t>(current->size()));
     close(file);
     constexpr char message[] = "\nThe input is kept in ";
     if (written < 0 || write(STDERR_FILENO, message, sizeof message - 1) < 0
-        || write(STDERR_FILENO, findingFile.constData(),
-                 static_cast<std::size_t>(findingFile.size()))
+        || write(STDERR_FILENO, findingFile->constData(),
+                 static_cast<std::size_t>(findingFile->size()))
             < 0
         || write(STDERR_FILENO, "\n", 1) < 0)
         return;
@@ -59,10 +60,10 @@ void onSignal(int number)
 
 void tryInput(const QByteArray &input)
 {
-    current = input;
+    *current = input;
     alarm(secondsForAnInput); // a hang is a finding
-    LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t *>(current.constData()),
-                           static_cast<std::size_t>(current.size()));
+    LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t *>(current->constData()),
+                           static_cast<std::size_t>(current->size()));
     alarm(0);
 }
 
@@ -127,7 +128,8 @@ QStringList filesOf(const QString &path)
         return {path};
     QStringList files;
     const QDir folder(path);
-    for (const QString &name : folder.entryList(QDir::Files, QDir::Name))
+    const QStringList names = folder.entryList(QDir::Files, QDir::Name);
+    for (const QString &name : names)
         files.append(folder.filePath(name));
     return files;
 }
@@ -153,7 +155,8 @@ int main(int argc, char **argv)
                 fail(QStringLiteral("--seconds needs a number of seconds."));
             continue;
         }
-        for (const QString &path : filesOf(argument)) {
+        const QStringList paths = filesOf(argument);
+        for (const QString &path : paths) {
             QFile file(path);
             if (!file.open(QIODevice::ReadOnly))
                 fail(QStringLiteral("cannot read %1: %2").arg(path, file.errorString()));
@@ -161,10 +164,12 @@ int main(int argc, char **argv)
         }
     }
 
-    findingFile = QDir::current()
-                      .filePath(QStringLiteral("finding-")
-                                + QFileInfo(QString::fromLocal8Bit(argv[0])).fileName())
-                      .toLocal8Bit();
+    current = new QByteArray;
+    findingFile =
+        new QByteArray(QDir::current()
+                           .filePath(QStringLiteral("finding-")
+                                     + QFileInfo(QString::fromLocal8Bit(argv[0])).fileName())
+                           .toLocal8Bit());
     if (__sanitizer_set_death_callback)
         __sanitizer_set_death_callback(keepFinding);
     for (const int number : {SIGABRT, SIGALRM, SIGSEGV, SIGFPE, SIGBUS, SIGILL})
@@ -179,7 +184,7 @@ int main(int argc, char **argv)
     QElapsedTimer timer;
     timer.start();
     long tried = 0;
-    for (; timer.elapsed() < seconds * 1000; ++tried)
+    for (; timer.elapsed() < qint64{seconds} * 1000; ++tried)
         tryInput(changer.draw());
     if (__sanitizer_set_death_callback)
         __sanitizer_set_death_callback(nullptr); // a leak is no single input's

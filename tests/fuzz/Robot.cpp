@@ -74,7 +74,8 @@ Robot::~Robot()
     require(CountedHandler::count() == 0, "a subscriber is left over");
     require(TestTelephone::instance().clients == 0, "a telephone client is left over");
     require(TestMailServer::instance().livingSenders() == 0, "a mail sender is left over");
-    for (const QThread *thread : TestMailServer::instance().deletions())
+    const auto threads = TestMailServer::instance().deletions();
+    for (const QThread *thread : threads)
         require(thread == QThread::currentThread(), "a mail sender went on another thread");
     TestTelephone::instance().duringCall = nullptr;
 }

@@ -26,7 +26,7 @@ Signal printerSignal(TestPrinter *printer, ByteReader *reader, JsonSource *sourc
 {
     if (!printer)
         return nothing();
-    const int number = reader->bits<std::int8_t>();
+    const int number = reader->signedByte();
     if (reader->flag())
         return {[=] { Q_EMIT printer->signalState(static_cast<PrinterState>(number)); }, 0, {}};
     const QString text = source->text();
@@ -50,7 +50,7 @@ Signal scannerSignal(TestScanner *scanner, bool isPassport, ByteReader *reader, 
 {
     if (!scanner)
         return nothing();
-    const int number = reader->bits<std::int8_t>();
+    const int number = reader->signedByte();
     const QString text = source->text();
     switch (reader->below(4)) {
     case 0:
@@ -83,7 +83,7 @@ Signal telephoneSignal(SIPMaster *client, ByteReader *reader)
 {
     if (!client)
         return nothing();
-    const int number = reader->bits<std::int8_t>();
+    const int number = reader->signedByte();
     switch (reader->below(3)) {
     case 0:
         return {[=] { Q_EMIT client->signalHiddenCallResult(QUuid::createUuid(), number > 0); },
@@ -100,7 +100,7 @@ Signal telephoneSignal(SIPMaster *client, ByteReader *reader)
 
 Signal interactionSignal(IInteractionService *service, ByteReader *reader)
 {
-    const auto reason = static_cast<Interaction::Reason>(reader->bits<std::int8_t>());
+    const auto reason = static_cast<Interaction::Reason>(reader->signedByte());
     const bool isStart = reader->flag();
     return {[=] {
                 if (isStart)
@@ -168,7 +168,7 @@ Signal faceReport(Robot *robot, ByteReader *reader)
     if (reader->flag()) {
         QVector<FaceInfoPtr> faces;
         for (int i = 0; i < count; ++i) {
-            const int id = reader->bits<std::int8_t>();
+            const int id = reader->signedByte();
             faces.append(id == 0 ? FaceInfoPtr() : FaceInfoPtr::create());
             if (faces.last())
                 faces.last()->setIdTrack(id);
@@ -177,7 +177,7 @@ Signal faceReport(Robot *robot, ByteReader *reader)
     }
     QVector<FaceRectPtr> rects;
     for (int i = 0; i < count; ++i) {
-        const int id = reader->bits<std::int8_t>();
+        const int id = reader->signedByte();
         const auto width = reader->bits<double>(); // of any kind
         rects.append(id == 0 ? FaceRectPtr()
                              : FaceRectPtr::create(QRectF(-10.0, -10.0, width, width), id));

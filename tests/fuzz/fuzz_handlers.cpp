@@ -34,7 +34,7 @@ std::unique_ptr<Robot> makeRobot(JsonSource *source, ByteReader *reader)
     plugin->scriptResult = QStringList(source->text());
     TestPlatform::instance().output = source->text();
     if (plugin->users)
-        plugin->users->people.insert(reader->bits<std::int8_t>(), UserData());
+        plugin->users->people.insert(reader->signedByte(), UserData());
     if (plugin->printerDevice) {
         plugin->printerDevice->connected = reader->flag();
         plugin->printerDevice->result = reader->flag();

@@ -42,7 +42,7 @@ protected:
     {
         const QVector<LogLine> lines = log().take();
         QVector<LogLine> expected;
-        const QStringList texts = takeReplies(&expected);
+        QStringList texts = takeReplies(&expected);
         if (lines != expected)
             QTest::qFail(qPrintable(QStringLiteral("the log does not hold just the messages of ")
                                     + debugText(texts)),

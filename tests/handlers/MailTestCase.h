@@ -25,7 +25,8 @@ protected:
         HandlerTestCase::tearDown();
         turnEventLoop();
         QCOMPARE(server().livingSenders(), 0);
-        for (const QThread *thread : server().deletions())
+        const auto threads = server().deletions();
+        for (const QThread *thread : threads)
             QCOMPARE(thread, QThread::currentThread());
     }
 

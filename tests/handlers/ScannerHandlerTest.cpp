@@ -231,10 +231,10 @@ void ScannerHandlerTest::survivesClearingInACall()
     });
     send(json);
     QCOMPARE(heard(), stateMessage(2) + response(true));
-    QCOMPARE(done().last(), m_scan);
+    QCOMPARE(done().constLast(), m_scan);
 
     scanner().duringCall = once([this] { brocker()->clear(); });
     send(json);
     QCOMPARE(heard(), QStringList()); // nobody is left
-    QCOMPARE(done().last(), m_scan);
+    QCOMPARE(done().constLast(), m_scan);
 }

@@ -64,7 +64,7 @@ private Q_SLOTS:
 
 namespace {
 
-const QByteArray fullReplica = R"({
+constexpr char fullReplica[] = R"({
     "id": {"id": 1, "uuid": "{00000000-0000-0000-0000-000000000001}"},
     "anchor": {"id": 2, "uuid": "{00000000-0000-0000-0000-000000000002}"},
     "category": {"id": 3, "uuid": "{00000000-0000-0000-0000-000000000003}"},
@@ -226,7 +226,7 @@ void DialogRecordsTest::readsAnAnswer()
         "id": {"id": 4, "uuid": "{00000000-0000-0000-0000-000000000004}"}, "source": 3,
         "id_pattern": {"id": 5, "uuid": "{00000000-0000-0000-0000-000000000005}"},
         "pattern": "* tea *", "question": "Is there tea?", "replica": )"
-                                     + fullReplica + '}');
+                                     + QByteArray(fullReplica) + '}');
     QCOMPARE(fields(answer), fields(expected));
 }
 

@@ -1,6 +1,7 @@
 #include "panorel/handlers/GeneralTouchHandler.h"
 
 #include "tests/support/HandlerTestCase.h"
+#include "tests/support/Noted.h"
 #include "tests/support/PageRequest.h"
 
 using panorel::GeneralTouchHandler;
@@ -117,7 +118,8 @@ void GeneralTouchHandlerTest::choosesTheTouchedFace()
     const Message reply = replies().take();
     QCOMPARE(reply.type(), m_settedTopic);
     QCOMPARE(reply.attributes(), QVariantMap({{QStringLiteral("setted_id"), 51LL}}));
-    QCOMPARE(reply.attributes().first().userType(), int(QMetaType::LongLong));
+    QCOMPARE(reply.attributes().value(QStringLiteral("setted_id")).userType(),
+             int(QMetaType::LongLong));
     const QString category = QStringLiteral("panorel");
     const QVector<LogLine> expected{
         {QtDebugMsg, QStringLiteral("default"),
@@ -133,11 +135,11 @@ void GeneralTouchHandlerTest::answersBeforeItTracks()
     create(plugin());
     reportRects({rectAt(m_area, 5)});
     reportFaces({faceOf(5, 51)});
-    int repliesAtCall = -1;
-    connect(plugin(), &PluginInterface::signalFaceTracking, this,
-            [this, &repliesAtCall] { repliesAtCall = replies().count(); });
+    Noted<int> repliesAtCall;
+    connect(plugin(), &PluginInterface::signalFaceTracking, &repliesAtCall,
+            [this, &repliesAtCall] { repliesAtCall.value = replies().count(); });
     touch(15, 25);
-    QCOMPARE(repliesAtCall, 1);
+    QCOMPARE(repliesAtCall.value, 1);
     QCOMPARE(takeCalls(), QVector<HostCall>({tracked(5)}));
     QCOMPARE(takePersons(), QVector<long long>({51}));
 }
@@ -419,15 +421,15 @@ void GeneralTouchHandlerTest::goesOnWithTheOldReportDuringASelection()
     const QWeakPointer<FaceRect> watched = second;
     reportRects({rectAt(m_area, 5), second});
     second.reset(); // only the handler holds it now
-    QVector<bool> lives;
-    connect(plugin(), &PluginInterface::signalFaceTracking, this, [&, this] {
+    Noted<QVector<bool>> lives;
+    connect(plugin(), &PluginInterface::signalFaceTracking, &lives, [this, &lives, watched] {
         const QVector<FaceRectPtr> rects{rectAt(m_area, 8)};
         brocker()->publish(
             Message(m_topicName, {{QStringLiteral("rect"), QVariant::fromValue(rects)}}));
-        lives.append(!watched.isNull());
+        lives.value.append(!watched.isNull());
     });
     touch(15, 25);
-    QCOMPARE(lives, QVector<bool>({true, true}));
+    QCOMPARE(lives.value, QVector<bool>({true, true}));
     QCOMPARE(takeCalls(), QVector<HostCall>({tracked(5), tracked(6)}));
     QVERIFY(watched.isNull());
     log().skipDebug();

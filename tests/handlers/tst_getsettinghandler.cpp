@@ -168,9 +168,9 @@ void GetSettingHandlerTest::givesAGroup()
         ask("{\"settings_type\": \"" + type + "\", \"group\": \"g\"" + name + "}");
     QCOMPARE(takeCalls(), QVector<HostCall>({asked(qPrintable(function), group)}));
     QCOMPARE(settings.size(), 3);
+    const QVariantList entries = settings.values();
     for (auto setting = three.constBegin(); setting != three.constEnd(); ++setting)
-        QCOMPARE(settings.values().count(entry(type.constData(), group, setting.key(), *setting)),
-                 1);
+        QCOMPARE(entries.count(entry(type.constData(), group, setting.key(), *setting)), 1);
 }
 
 void GetSettingHandlerTest::givesAnEmptyGroup()

@@ -8,8 +8,8 @@ using panorel::Message;
 
 namespace {
 
-const QByteArray toAnn = R"({"email": "ann@example.com"})";
-const QByteArray toBob = R"({"email": "bob@example.com"})";
+constexpr char toAnn[] = R"({"email": "ann@example.com"})";
+constexpr char toBob[] = R"({"email": "bob@example.com"})";
 const QString ann = QStringLiteral("ann@example.com");
 const QString bob = QStringLiteral("bob@example.com");
 
@@ -49,7 +49,7 @@ private:
     /// The one sending, once it has come.
     TestMailServer::Sending sending()
     {
-        if (!QTest::qWaitFor([this] { return server().sendings().size() == 1; })) {
+        if (!QTest::qWaitFor([] { return server().sendings().size() == 1; })) {
             QTest::qFail("there is not one sending", __FILE__, __LINE__);
             return {};
         }
@@ -112,8 +112,8 @@ void MailSenderHandlerTest::readsTheAccount()
     QFETCH(QVariant, value);
     QFETCH(int, number);
     QFETCH(QString, text);
-    for (const QString &key : plugin()->email.keys())
-        plugin()->email.insert(key, value);
+    for (QVariant &setting : plugin()->email)
+        setting = value;
     ask(toAnn);
     waitForReplies(1);
     replies().clear();
@@ -139,7 +139,8 @@ void MailSenderHandlerTest::forgetsTheAccountButNotTheSender()
     QCOMPARE(account.security, 0);
     QCOMPARE(account.login, QString());
     QCOMPARE(account.password, QString());
-    for (const TestMailServer::Sending &sent : server().sendings())
+    const auto sendings = server().sendings();
+    for (const TestMailServer::Sending &sent : sendings)
         QCOMPARE(sent.from, QStringLiteral("robot@example.com"));
 }
 
@@ -304,7 +305,8 @@ void MailSenderHandlerTest::neverLogsThePassword()
     brocker()->publish(message);
     QTRY_COMPARE(replies().count(), 1);
     QVERIFY(!debugText(replies().take().toJson()).contains(QLatin1String("s3cret")));
-    for (const LogLine &line : log().take())
+    const auto lines = log().take();
+    for (const LogLine &line : lines)
         QVERIFY2(!line.text.contains(QLatin1String("s3cret")), qPrintable(line.text));
 }
 

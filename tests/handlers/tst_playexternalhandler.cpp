@@ -49,7 +49,7 @@ private:
     /// A sound file; @p name may hold any characters.
     QString soundFile(const char *name, int milliseconds)
     {
-        const QString path = m_folder.filePath(QString::fromUtf8(name));
+        QString path = m_folder.filePath(QString::fromUtf8(name));
         writeWaveFile(path, tone(440, milliseconds));
         return path;
     }

@@ -2,7 +2,6 @@
 
 #include "tests/handlers/PrinterTestCase.h"
 
-using panorel::Message;
 using panorel::PrintHandler;
 
 class PrintHandlerTest : public PrinterTestCase
@@ -296,13 +295,13 @@ void PrintHandlerTest::survivesClearingInACall()
     printer().duringCall = once([this] { brocker()->clear(); });
     send(json);
     QCOMPARE(heard(), QStringList()); // nobody is left
-    QCOMPARE(done().last(), m_print);
+    QCOMPARE(done().constLast(), m_print);
 
     create(plugin());
     printer().duringCall = once([this] { renew(); });
     send(json);
     QCOMPARE(heard(), said({result ? m_success : m_error}));
-    QCOMPARE(done().last(), m_print);
+    QCOMPARE(done().constLast(), m_print);
 }
 
 void PrintHandlerTest::servesARequestInsideAnother()

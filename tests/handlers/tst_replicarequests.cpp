@@ -286,7 +286,7 @@ void ReplicaRequestsTest::readsWideNumbers()
         askWithFace(topic, "{\"id\": " + json + ", \"matches\": {\"a\": {\"id\": " + json + "}}}");
     QCOMPARE(face.id(), number);
     QCOMPARE(face.matches().size(), 1);
-    QCOMPARE(face.matches().first().id, number);
+    QCOMPARE(face.matches().constFirst().id, number);
 }
 
 void ReplicaRequestsTest::readsNarrowNumbers_data()
@@ -316,7 +316,7 @@ void ReplicaRequestsTest::readsNarrowNumbers()
     QCOMPARE(face.idTrack(), number);
     QCOMPARE(static_cast<int>(face.gender()), number);
     QCOMPARE(face.matches().size(), 1);
-    QCOMPARE(face.matches().first().type, number);
+    QCOMPARE(face.matches().constFirst().type, number);
 }
 
 void ReplicaRequestsTest::readsMatchesInTheOrderOfTheirNames_data()

@@ -428,7 +428,7 @@ void ReplicEventHandlerTest::makesANewRecordEachTime()
 
 namespace {
 
-const QByteArray everything = R"({"macroses": {"a": "1"}, "text": "Hello", "step": "intro",
+constexpr char everything[] = R"({"macroses": {"a": "1"}, "text": "Hello", "step": "intro",
     "replica": {"text": "Hi"}, "answer": {"question": "Tea?"}})";
 
 } // namespace

@@ -13,7 +13,8 @@ using panorel::SIPControlHandler;
 
 namespace {
 
-const QUuid someCall(QStringLiteral("{4d2f8a90-1b3c-4d5e-8f60-718293a4b5c6}"));
+constexpr QUuid someCall(0x4d2f8a90, 0x1b3c, 0x4d5e, 0x8f, 0x60, 0x71, 0x82, 0x93, 0xa4, 0xb5,
+                         0xc6);
 const QString callResponse = QStringLiteral("sip.call.response");
 const QString fileResponse = QStringLiteral("sip.file.response");
 const QString textResponse = QStringLiteral("sip.text.response");

@@ -22,8 +22,10 @@ std::time_t pretendedNow = 0;
 
 } // namespace
 
-// Take the place of the C library's, for Qt and the library alike.
+// Take the place of the C library's, whose parameters have reserved names, for Qt and the library
+// alike.
 
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name)
 extern "C" std::time_t time(std::time_t *result) noexcept
 {
     timespec now{};
@@ -34,6 +36,7 @@ extern "C" std::time_t time(std::time_t *result) noexcept
     return seconds;
 }
 
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name)
 extern "C" int gettimeofday(timeval *result, void *) noexcept
 {
     result->tv_sec = time(nullptr);
@@ -188,8 +191,9 @@ void StatisticEventHandlerTest::writesOneFileForEachTopic()
     record(QStringLiteral("visits"), {QStringLiteral("1")});
     record(QStringLiteral("touches"), {QStringLiteral("2")});
     record(QStringLiteral("a topic: with %1 änd ."), {QStringLiteral("3")});
+    const QStringList paths = files().keys();
     QStringList names;
-    for (const QString &path : files().keys())
+    for (const QString &path : paths)
         names.append(path.section(QLatin1Char('/'), -1));
     names.sort();
     QCOMPARE(names,

@@ -120,18 +120,20 @@ void InterfacesTest::signalsReturnTheHostsAnswer()
     TestPlugin plugin;
     plugin.replica = QSharedPointer<Replica>::create();
     plugin.scriptResult = QStringList({QStringLiteral("ok")});
-    QCOMPARE(plugin.signalGetReplica(Replica::Plain, {}, true, true, {}), plugin.replica);
-    QCOMPARE(plugin.signalGetAppReplica(QStringLiteral("s"), {}, true, true, {}), plugin.replica);
-    QCOMPARE(plugin.signalScriptStart(QStringLiteral("x")), plugin.scriptResult);
+    QCOMPARE(Q_EMIT plugin.signalGetReplica(Replica::Plain, {}, true, true, {}), plugin.replica);
+    QCOMPARE(Q_EMIT plugin.signalGetAppReplica(QStringLiteral("s"), {}, true, true, {}),
+             plugin.replica);
+    QCOMPARE(Q_EMIT plugin.signalScriptStart(QStringLiteral("x")), plugin.scriptResult);
 }
 
 void InterfacesTest::signalsWithoutAHostAnswerNothing()
 {
     TestPlugin plugin;
     plugin.disconnect(&plugin);
-    QVERIFY(plugin.signalGetReplica(Replica::Plain, {}, true, true, {}).isNull());
-    QVERIFY(plugin.signalGetAppReplica(QStringLiteral("s"), {}, true, true, {}).isNull());
-    QCOMPARE(plugin.signalScriptStart(QStringLiteral("x")), QStringList());
+    const QSharedPointer<Replica> none;
+    QCOMPARE(Q_EMIT plugin.signalGetReplica(Replica::Plain, {}, true, true, {}), none);
+    QCOMPARE(Q_EMIT plugin.signalGetAppReplica(QStringLiteral("s"), {}, true, true, {}), none);
+    QCOMPARE(Q_EMIT plugin.signalScriptStart(QStringLiteral("x")), QStringList());
 }
 
 void InterfacesTest::enumerationsAreMetaTypes()

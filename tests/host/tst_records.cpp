@@ -101,7 +101,8 @@ void RecordsTest::replicaSplitsActions()
     replica.setActions(QStringLiteral("former"));
     replica.setActions(text);
     QStringList raw;
-    for (const Action &action : replica.actions())
+    const auto parsed = replica.actions();
+    for (const Action &action : parsed)
         raw.append(action.raw());
     QCOMPARE(raw, actions);
 
@@ -155,9 +156,9 @@ void RecordsTest::faceKeepsItsFields()
     QCOMPARE(face.age(), 31.5);
     QCOMPARE(face.emotion(), QStringLiteral("joy"));
     QCOMPARE(face.matches().size(), 1);
-    QCOMPARE(face.matches().first().type, 2);
-    QCOMPARE(face.matches().first().id, 7LL);
-    QCOMPARE(face.matches().first().score, 0.75);
+    QCOMPARE(face.matches().constFirst().type, 2);
+    QCOMPARE(face.matches().constFirst().id, 7LL);
+    QCOMPARE(face.matches().constFirst().score, 0.75);
 }
 
 void RecordsTest::faceKeepsAllOfItsTrackId()

@@ -45,7 +45,8 @@ protected:
     QStringList receivedTopics()
     {
         QStringList topics;
-        for (const QJsonValue &message : received())
+        const QJsonArray messages = received();
+        for (const QJsonValue &message : messages)
             topics.append(message.toObject().value(QStringLiteral("type")).toString());
         return topics;
     }

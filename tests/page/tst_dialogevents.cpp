@@ -16,18 +16,22 @@ using panorel::PanorelProxy;
 
 namespace {
 
-const QUuid someUuid(QStringLiteral("{6ba7b810-9dad-11d1-80b4-00c04fd430c8}"));
+constexpr QUuid someUuid(0x6ba7b810, 0x9dad, 0x11d1, 0x80, 0xb4, 0x00, 0xc0, 0x4f, 0xd4, 0x30,
+                         0xc8);
 const QString noUuid = QStringLiteral("{00000000-0000-0000-0000-000000000000}");
 
-const QStringList replicaKeys{
-    QStringLiteral("actions"),  QStringLiteral("anchor"), QStringLiteral("animation"),
-    QStringLiteral("category"), QStringLiteral("id"),     QStringLiteral("screen_text"),
-    QStringLiteral("text"),     QStringLiteral("type"),   QStringLiteral("url"),
-};
+QStringList replicaKeys()
+{
+    return {
+        QStringLiteral("actions"),  QStringLiteral("anchor"), QStringLiteral("animation"),
+        QStringLiteral("category"), QStringLiteral("id"),     QStringLiteral("screen_text"),
+        QStringLiteral("text"),     QStringLiteral("type"),   QStringLiteral("url"),
+    };
+}
 
 QStringList greetingKeys()
 {
-    QStringList keys = replicaKeys;
+    QStringList keys = replicaKeys();
     keys.removeOne(QStringLiteral("screen_text"));
     return keys;
 }
@@ -108,8 +112,7 @@ private:
         const Message message = recorder.take();
         screen->brocker()->clear(); // the recorder goes
         const QVariantMap attributes = message.attributes();
-        if (attributes.keys() != QStringList({key})
-            || attributes.value(key).userType() != QMetaType::QVariantMap)
+        if (attributes.size() != 1 || attributes.value(key).userType() != QMetaType::QVariantMap)
             QTest::qFail(qPrintable(debugText(attributes)), __FILE__, __LINE__);
         // The broker's line comes first and holds the message.
         if (log().takeFirst().text != debugText(message.toJson()))
@@ -185,7 +188,7 @@ void DialogEventsTest::greetsWithoutAScreenText()
 void DialogEventsTest::givesAnExtraReplica()
 {
     const QVariantMap map = extraReplica(someReplica());
-    QCOMPARE(map.keys(), replicaKeys);
+    QCOMPARE(map.keys(), replicaKeys());
     QCOMPARE(Message(QString(), {{QStringLiteral("x"), map}}).toJson().value(QStringLiteral("x")),
              QJsonValue(someReplicaJson()));
 }
@@ -249,13 +252,13 @@ void DialogEventsTest::givesEmptyRecords()
 {
     const QSharedPointer<Replica> empty = QSharedPointer<Replica>::create();
     QCOMPARE(greeting(empty).keys(), greetingKeys());
-    QCOMPARE(extraReplica(empty).keys(), replicaKeys);
+    QCOMPARE(extraReplica(empty).keys(), replicaKeys());
     const QVariantMap map = answer(QSharedPointer<Answer>::create());
     QCOMPARE(map.keys(),
              QStringList({QStringLiteral("id"), QStringLiteral("id_pattern"),
                           QStringLiteral("pattern"), QStringLiteral("question"),
                           QStringLiteral("replica"), QStringLiteral("source")}));
-    QCOMPARE(map.value(QStringLiteral("replica")).toMap().keys(), replicaKeys);
+    QCOMPARE(map.value(QStringLiteral("replica")).toMap().keys(), replicaKeys());
     const QJsonObject json = Message(QString(), map).toJson();
     QCOMPARE(json.value(QStringLiteral("id_pattern")).toObject(), idJson(0, noUuid));
 }

@@ -132,24 +132,26 @@ void PageTest::receivesEachForwardedTopicOnce()
     makesUpMessages(); // with an attribute of no topic
     defaultHandlers();
     loadRecorder();
-    for (const QString &topic : forwardedTopics())
+    const QStringList topics = forwardedTopics();
+    for (const QString &topic : topics)
         screen->brocker()->publish(Message(topic, {{QStringLiteral("n"), 1}}));
     settle();
-    QCOMPARE(receivedTopics(), forwardedTopics());
+    QCOMPARE(receivedTopics(), topics);
 }
 
 void PageTest::receivesNoOtherTopic()
 {
     defaultHandlers();
     loadRecorder();
-    for (const QString &topic : topicsKeptInside())
+    const QStringList keptInside = topicsKeptInside();
+    for (const QString &topic : keptInside)
         screen->brocker()->publish(Message(topic));
     screen->faceRect({});
     settle();
     // Handlers may have answered, but nothing comes back as it was.
     const QStringList topics = receivedTopics();
     for (const QString &topic : topics)
-        QVERIFY2(!topicsKeptInside().contains(topic), qPrintable(topic));
+        QVERIFY2(!keptInside.contains(topic), qPrintable(topic));
 }
 
 void PageTest::reachesNobodyBeforeDefaultHandlers()
@@ -251,7 +253,7 @@ void PageTest::writesAStatistic()
     evaluate(QStringLiteral("robot.sendMessage({type: 'system.statistic',"
                             " topic: 'panorel-test-page', data: ['a;1\\n', 'b;2\\n']}); null"));
     QTRY_COMPARE_WITH_TIMEOUT(files.paths().size(), 1, timeoutMs);
-    QFile file(files.paths().first());
+    QFile file(files.paths().constFirst());
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), QByteArray("a;1\nb;2\n"));
 }

@@ -9,6 +9,7 @@
 #include "tests/page/WidgetTestCase.h"
 #include "tests/support/CountedHandler.h"
 #include "tests/support/MessageRecorder.h"
+#include "tests/support/Noted.h"
 #include "tests/support/PictureFile.h"
 #include "tests/support/Topics.h"
 
@@ -32,34 +33,37 @@ using panorel::PanorelQueueBrocker;
 namespace {
 
 /// Topics of the registry's handlers, in its order.
-const QStringList registry{
-    QStringLiteral("dialog.say"),
-    QStringLiteral("dialog.replica.get"),
-    QStringLiteral("printer.state"),
-    QStringLiteral("printer.print"),
-    QStringLiteral("system.log"),
-    QStringLiteral("system.statistic"),
-    QStringLiteral("dialog.robot.replic.abort"),
-    QStringLiteral("system.interaction.control"),
-    QStringLiteral("system.environment.get"),
-    QStringLiteral("system.settings.get"),
-    QStringLiteral("system.drive.control"),
-    QStringLiteral("system.scripts.control"),
-    QStringLiteral("system.sound.properties"),
-    QStringLiteral("system.language.set"),
-    QStringLiteral("system.play.external"),
-    QStringLiteral("face.recognize.control"),
-    QStringLiteral("system.general.touch"),
-    QStringLiteral("database.user.request"),
-    QStringLiteral("dispenser.dispense"),
-    QStringLiteral("sip.control"),
-    QStringLiteral("scanner.passport.request"),
-    QStringLiteral("scanner.document.request"),
-    QStringLiteral("record.audio.request"),
-    QStringLiteral("mail.sender.request"),
-    QStringLiteral("operator.call.request"),
-    QStringLiteral("keyboard.control.request"),
-};
+QStringList registry()
+{
+    return {
+        QStringLiteral("dialog.say"),
+        QStringLiteral("dialog.replica.get"),
+        QStringLiteral("printer.state"),
+        QStringLiteral("printer.print"),
+        QStringLiteral("system.log"),
+        QStringLiteral("system.statistic"),
+        QStringLiteral("dialog.robot.replic.abort"),
+        QStringLiteral("system.interaction.control"),
+        QStringLiteral("system.environment.get"),
+        QStringLiteral("system.settings.get"),
+        QStringLiteral("system.drive.control"),
+        QStringLiteral("system.scripts.control"),
+        QStringLiteral("system.sound.properties"),
+        QStringLiteral("system.language.set"),
+        QStringLiteral("system.play.external"),
+        QStringLiteral("face.recognize.control"),
+        QStringLiteral("system.general.touch"),
+        QStringLiteral("database.user.request"),
+        QStringLiteral("dispenser.dispense"),
+        QStringLiteral("sip.control"),
+        QStringLiteral("scanner.passport.request"),
+        QStringLiteral("scanner.document.request"),
+        QStringLiteral("record.audio.request"),
+        QStringLiteral("mail.sender.request"),
+        QStringLiteral("operator.call.request"),
+        QStringLiteral("keyboard.control.request"),
+    };
+}
 
 QString defaultLine(const QString &topic)
 {
@@ -73,7 +77,8 @@ QStringList linesOfDefaultHandlers()
     QStringList lines{QStringLiteral("ReplicContext.clear()"),
                       QStringLiteral("Subsctribe functional handler \"%1\"").arg(question),
                       defaultLine(question)};
-    for (const QString &topic : registry + forwardedTopics()) {
+    const QStringList topics = registry() + forwardedTopics();
+    for (const QString &topic : topics) {
         if (topic == QLatin1String("record.audio.request"))
             lines.append(QStringLiteral("FORMATS"));
         lines.append(defaultLine(topic));
@@ -140,7 +145,7 @@ private:
             QTest::qFail(qPrintable(recorder.topics().join(QLatin1Char(' '))), __FILE__, __LINE__);
             return Message(topic);
         }
-        const Message message = recorder.take();
+        Message message = recorder.take();
         screen->brocker()->clear(); // the recorder goes
         return message;
     }
@@ -372,7 +377,8 @@ void PanorelTest::survivesTheWholeLifeWithoutAHost()
     const PictureFile picture; // one is printed
     screen->defaultHandlers(nullptr, nullptr);
     QSignalSpy toPage(proxy(), &PanorelProxy::message);
-    for (const QString &topic : topicsKeptInside()) {
+    const QStringList topics = topicsKeptInside();
+    for (const QString &topic : topics) {
         proxy()->sendMessage({{QStringLiteral("type"), topic},
                               {QStringLiteral("state"), QStringLiteral("Start")},
                               {QStringLiteral("stop"), true},
@@ -405,16 +411,16 @@ void PanorelTest::survivesTheWholeLifeWithoutAHost()
 void PanorelTest::forwardsBeforeTheHostsOwnHandlers()
 {
     defaultHandlers();
-    QStringList order;
-    connect(proxy(), &PanorelProxy::message, this, [&order](const QJsonObject &message) {
-        order.append(message.value(QStringLiteral("type")).toString());
+    Noted<QStringList> order;
+    connect(proxy(), &PanorelProxy::message, &order, [&order](const QJsonObject &message) {
+        order.value.append(message.value(QStringLiteral("type")).toString());
     });
     screen->registerEventHandler(
         QStringLiteral("system.scripts.start.result"),
-        [&order](const Message &) { order.append(QStringLiteral("host")); });
+        [&order](const Message &) { order.value.append(QStringLiteral("host")); });
     proxy()->sendMessage({{QStringLiteral("type"), QStringLiteral("system.scripts.control")},
                           {QStringLiteral("start"), QStringLiteral("x")}});
-    QCOMPARE(order,
+    QCOMPARE(order.value,
              QStringList({QStringLiteral("system.scripts.start.result"), QStringLiteral("host")}));
 }
 
@@ -463,7 +469,7 @@ void PanorelTest::handsOnTheStatisticPeriodicity()
     const auto foldersOfARecord = [&] {
         proxy()->sendMessage({{QStringLiteral("type"), QStringLiteral("system.statistic")},
                               {QStringLiteral("topic"), topic}});
-        const QStringList folders = files.folders();
+        QStringList folders = files.folders();
         files.remove();
         return folders;
     };

@@ -35,8 +35,9 @@ QJsonObject comparable(QJsonObject message)
     message.remove(QStringLiteral("id"));
     const QString settings = QStringLiteral("settings");
     if (message.contains(settings)) {
+        const QJsonObject object = message.value(settings).toObject();
         QJsonArray values;
-        for (const QJsonValue &value : message.value(settings).toObject())
+        for (const QJsonValue &value : object)
             values.append(value);
         message.insert(settings, values);
     }
@@ -138,12 +139,15 @@ QVector<Row> table()
 int repliesAtOnce(const QString &request, const QJsonArray &messages)
 {
     QStringList atOnce;
-    for (const QJsonValue &topic : contractTopics())
-        if (topicOf(topic) == request)
-            for (const QJsonValue &reply :
-                 topic.toObject().value(QStringLiteral("replies")).toArray())
-                if (member(reply, QStringLiteral("how")) == QLatin1String("synchronous"))
-                    atOnce.append(topicOf(reply));
+    const QJsonArray topics = contractTopics();
+    for (const QJsonValue &topic : topics) {
+        if (topicOf(topic) != request)
+            continue;
+        const QJsonArray replies = topic.toObject().value(QStringLiteral("replies")).toArray();
+        for (const QJsonValue &reply : replies)
+            if (member(reply, QStringLiteral("how")) == QLatin1String("synchronous"))
+                atOnce.append(topicOf(reply));
+    }
     return static_cast<int>(
         std::count_if(messages.begin(), messages.end(), [&atOnce](const QJsonValue &message) {
             return atOnce.contains(member(message, QStringLiteral("type")));
@@ -221,7 +225,8 @@ private:
         plugin->interaction->calls.clear();
         for (const HostCall &call : qAsConst(calls))
             texts.append(describe(call));
-        for (const TestMailServer::Sending &sending : TestMailServer::instance().sendings())
+        const auto sendings = TestMailServer::instance().sendings();
+        for (const TestMailServer::Sending &sending : sendings)
             texts.append(QStringLiteral("send(%1, %2)").arg(sending.from, sending.to));
         return texts;
     }
@@ -229,7 +234,8 @@ private:
     QJsonArray comparableMessages()
     {
         QJsonArray messages;
-        for (const QJsonValue &message : received())
+        const QJsonArray raw = received();
+        for (const QJsonValue &message : raw)
             messages.append(comparable(message.toObject()));
         return messages;
     }
@@ -251,7 +257,8 @@ void RequestsTest::answersThePage_data()
     QTest::addColumn<QByteArray>("request");
     QTest::addColumn<QStringList>("calls");
     QTest::addColumn<QByteArray>("messages");
-    for (const Row &row : table())
+    const auto rows = table();
+    for (const Row &row : rows)
         QTest::newRow(row.topic) << row.request << row.calls << row.messages;
 }
 
@@ -311,7 +318,8 @@ void RequestsTest::answersQuickRequestsOneAfterTheOther()
 void RequestsTest::knowsEachTopicOfThePage()
 {
     QStringList topics;
-    for (const Row &row : table())
+    const auto rows = table();
+    for (const Row &row : rows)
         topics.append(QString::fromUtf8(row.topic));
     // Nobody inside listens to these.
     for (const char *free :

@@ -10,7 +10,8 @@ using panorel::Message;
 namespace {
 
 const QString someTopic = QStringLiteral("system.log");
-const QUuid someUuid(QStringLiteral("{0a1b2c3d-4e5f-4a6b-8c7d-9e0fa1b2c3d4}"));
+constexpr QUuid someUuid(0x0a1b2c3d, 0x4e5f, 0x4a6b, 0x8c, 0x7d, 0x9e, 0x0f, 0xa1, 0xb2, 0xc3,
+                         0xd4);
 const QString someUuidText = QStringLiteral("{0a1b2c3d-4e5f-4a6b-8c7d-9e0fa1b2c3d4}");
 const QString nullUuidText = QStringLiteral("{00000000-0000-0000-0000-000000000000}");
 

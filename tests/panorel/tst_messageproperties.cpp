@@ -107,7 +107,8 @@ bool same(const QVariant &one, const QVariant &other)
     case QMetaType::QVariantMap: {
         const QVariantMap map = one.toMap();
         const QVariantMap others = other.toMap();
-        return map.keys() == others.keys()
+        const QStringList keys = map.keys();
+        return keys == others.keys()
             && std::equal(map.begin(), map.end(), others.begin(), others.end(), same);
     }
     case QMetaType::QVariantList: {
@@ -117,6 +118,7 @@ bool same(const QVariant &one, const QVariant &other)
     }
     case QMetaType::Double: {
         const double numbers[] = {one.toDouble(), other.toDouble()};
+        // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison): it is the bits that count
         return std::memcmp(&numbers[0], &numbers[1], sizeof(double)) == 0;
     }
     default:
@@ -143,9 +145,11 @@ QVariantMap inside(const QVariant &value)
 {
     QVariantMap map =
         value.userType() == QMetaType::QVariantHash ? asMap(value.toHash()) : value.toMap();
-    if (value.userType() == QMetaType::QVariantList)
-        for (const QVariant &entry : value.toList())
+    if (value.userType() == QMetaType::QVariantList) {
+        const QVariantList list = value.toList();
+        for (const QVariant &entry : list)
             map.insert(QString::number(map.size()), entry);
+    }
     return map;
 }
 
@@ -156,8 +160,9 @@ QString difference(const QVariant &drawn, const QVariant &actual, const QVariant
     const QVariantMap drawnInside = inside(drawn);
     const QVariantMap actualInside = inside(actual);
     const QVariantMap expectedInside = inside(expected);
-    if (actual.userType() == expected.userType() && actualInside.keys() == expectedInside.keys())
-        for (const QString &key : actualInside.keys())
+    const QStringList keys = actualInside.keys();
+    if (actual.userType() == expected.userType() && keys == expectedInside.keys())
+        for (const QString &key : keys)
             if (!same(actualInside.value(key), expectedInside.value(key)))
                 return difference(drawnInside.value(key), actualInside.value(key),
                                   expectedInside.value(key),

@@ -241,7 +241,7 @@ void PanorelQueueBrockerTest::findsTheEmptyTopic()
     int calls = 0;
     m_brocker->subscribe(QString(), [&calls](const Message &) { ++calls; });
     m_brocker->publish(Message(QString()));
-    m_brocker->publish(Message(QStringLiteral("")));
+    m_brocker->publish(Message(QLatin1String("")));
     QCOMPARE(calls, 2);
 }
 

@@ -124,6 +124,7 @@ void RandomUuidTest::threadsNeverRepeatEachOther()
     Uuids all = draw(3, source); // a block is begun
     std::array<Uuids, 4> drawn;
     std::vector<std::thread> threads;
+    threads.reserve(drawn.size());
     for (Uuids &uuids : drawn)
         threads.emplace_back([&uuids, source] { uuids = draw(50000, source); });
     const Uuids meanwhile = draw(50000, source);

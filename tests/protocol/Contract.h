@@ -30,7 +30,8 @@ inline QString topicOf(const QJsonValue &topic) { return member(topic, QStringLi
 inline QStringList contractTopicsOfThePage()
 {
     QStringList topics;
-    for (const QJsonValue &topic : contractTopics())
+    const QJsonArray all = contractTopics();
+    for (const QJsonValue &topic : all)
         if (member(topic, QStringLiteral("direction")) == QLatin1String("to page"))
             topics.append(topicOf(topic));
     topics.sort();

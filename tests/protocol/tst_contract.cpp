@@ -57,7 +57,8 @@ void ContractTest::knowsWhatReachesThePage()
     PanorelProxy proxy(&brocker);
     new panorel::PanorelMessageHandler(&proxy);
     QSignalSpy spy(&proxy, &PanorelProxy::message);
-    for (const QJsonValue &topic : contractTopics())
+    const QJsonArray topics = contractTopics();
+    for (const QJsonValue &topic : topics)
         brocker.publish(Message(topicOf(topic)));
 
     QStringList reached;

@@ -82,12 +82,14 @@ private Q_SLOTS:
 void ContractRegistryTest::namesTheHandlerOfEachTopic()
 {
     Classes expected;
-    for (const QJsonValue &topic : contractTopics()) {
+    const QJsonArray topics = contractTopics();
+    for (const QJsonValue &topic : topics) {
         const QString handler = member(topic, QStringLiteral("handler"));
         if (!handler.isEmpty())
             expected.insert(topicOf(topic), handler);
     }
-    for (const QString &topic : contractTopicsOfThePage())
+    const QStringList topicsOfThePage = contractTopicsOfThePage();
+    for (const QString &topic : topicsOfThePage)
         expected.insert(topic, QStringLiteral("PanorelMessageHandler"));
 
     Classes classes;

@@ -17,7 +17,7 @@ struct TestScenario : simulator::DialogScenario
         line.type = type;
         line.category = DatabaseDefaults::defaultCategory();
         line.categoryName = QStringLiteral("general");
-        for (const QString &language : languages) {
+        for (const QString &language : qAsConst(languages)) {
             const QString text = name + QLatin1Char(' ') + language;
             line.texts.insert(language, {text, text.toUpper(), QString()});
         }
@@ -30,7 +30,7 @@ struct TestScenario : simulator::DialogScenario
         pattern.id = nextId();
         pattern.set = set;
         pattern.answers = answers;
-        for (const QString &language : languages)
+        for (const QString &language : qAsConst(languages))
             pattern.expressions[language].append(DialogScenario::words(words));
         patterns.append(pattern);
         return patterns.last();

@@ -24,13 +24,12 @@ private:
     static QString missing(const CommandLine &line)
     {
         const simulator::RobotCore::Equipment &has = line.equipment();
+        const QPair<bool, char> devices[] = {
+            {has.printer, 'P'},         {has.dispenser, 'D'}, {has.passportScanner, 'p'},
+            {has.documentScanner, 'd'}, {has.keyboard, 'k'},  {has.users, 'u'},
+        };
         QString letters;
-        for (const auto &device : QList<QPair<bool, char>>{{has.printer, 'P'},
-                                                           {has.dispenser, 'D'},
-                                                           {has.passportScanner, 'p'},
-                                                           {has.documentScanner, 'd'},
-                                                           {has.keyboard, 'k'},
-                                                           {has.users, 'u'}}) {
+        for (const auto &device : devices) {
             if (!device.first)
                 letters.append(QLatin1Char(device.second));
         }

@@ -28,7 +28,7 @@ private:
 
     QString make(const QString &name)
     {
-        const QString path = m_folder.filePath(name);
+        QString path = m_folder.filePath(name);
         QDir().mkpath(QFileInfo(path).absolutePath());
         QFile file(path);
         if (!file.open(QIODevice::WriteOnly))

@@ -29,6 +29,7 @@ public:
     int listeners() const { return receivers(SIGNAL(spoke(QString))); }
 
 Q_SIGNALS:
+    // NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): moc has names of its own
     void spoke(const QString &text);
 
 public Q_SLOTS:
@@ -521,13 +522,13 @@ void PageServerTest::letsGoOfABrowserThatTakesNothingIn()
     const std::unique_ptr<QWebSocket> socket(server.nextPendingConnection());
     QSignalSpy ended(socket.get(), &QWebSocket::disconnected);
     simulator::BrowserTransport transport(socket.get());
-    transport.setMaximumBacklog(1024 * 1024);
+    transport.setMaximumBacklog(qint64{1024} * 1024);
 
     const QJsonObject message{{QStringLiteral("text"), QString(100000, QLatin1Char('x'))}};
     for (int i = 0; i < 1000 && ended.isEmpty(); ++i) {
         transport.sendMessage(message);
         QCoreApplication::processEvents();
-        QVERIFY(socket->bytesToWrite() < 2 * 1024 * 1024);
+        QVERIFY(socket->bytesToWrite() < qint64{2} * 1024 * 1024);
     }
     QCOMPARE(ended.size(), 1);
     transport.sendMessage(message); // of no effect

@@ -52,7 +52,7 @@ private:
     {
         QImage image(200, 100, QImage::Format_RGB32);
         image.fill(color);
-        const QString file = m_folder->filePath(QStringLiteral("picture.png"));
+        QString file = m_folder->filePath(QStringLiteral("picture.png"));
         if (!image.save(file))
             qFatal("cannot write %s", qPrintable(file));
         return file;

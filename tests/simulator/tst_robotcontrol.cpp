@@ -444,7 +444,8 @@ void RobotControlTest::documentNamesEveryAction()
     QFile file(QStringLiteral(PANOREL_SERVE_DOCUMENT));
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QString text = QString::fromUtf8(file.readAll());
-    for (const QString &action : simulator::RobotActions::names())
+    const QStringList actions = simulator::RobotActions::names();
+    for (const QString &action : actions)
         QVERIFY2(text.contains(QStringLiteral("`%1`").arg(action)), qPrintable(action));
 }
 

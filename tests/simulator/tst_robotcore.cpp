@@ -153,13 +153,16 @@ void RobotCoreTest::answersRequestsThatReturnAValue()
     const QVariant category = QVariant::fromValue(DatabaseDefaults::defaultCategory());
 
     const auto greeting =
-        plugin->signalGetReplica(Replica::Greeting, category, true, true, FaceInfo());
+        Q_EMIT plugin->signalGetReplica(Replica::Greeting, category, true, true, FaceInfo());
     QVERIFY(greeting);
     QCOMPARE(greeting->type(), Replica::Greeting);
-    QVERIFY(plugin->signalGetAppReplica(QStringLiteral("help"), category, true, true, FaceInfo()));
-    QVERIFY(!plugin->signalGetAppReplica(QStringLiteral("none"), category, true, true, FaceInfo()));
+    const auto named = [plugin, &category](const QString &name) {
+        return Q_EMIT plugin->signalGetAppReplica(name, category, true, true, FaceInfo());
+    };
+    QVERIFY(named(QStringLiteral("help")));
+    QVERIFY(!named(QStringLiteral("none")));
 
-    const QStringList result = plugin->signalScriptStart(QStringLiteral("tour"));
+    const QStringList result = Q_EMIT plugin->signalScriptStart(QStringLiteral("tour"));
     QCOMPARE(result, (QStringList{QStringLiteral("started"), QStringLiteral("tour")}));
     Q_EMIT plugin->signalScriptCancel();
     QVERIFY(core.scripts()->running().isEmpty());

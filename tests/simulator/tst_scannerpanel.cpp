@@ -3,6 +3,7 @@
 #include "simulator/app/ScanFields.h"
 #include "simulator/core/SimulatedScanner.h"
 #include "tests/simulator/PanelControls.h"
+#include "tests/support/Noted.h"
 #include "tests/support/TestCase.h"
 
 #include <QPlainTextEdit>
@@ -102,14 +103,14 @@ void ScannerPanelTest::plugsInAndOut()
 
 void ScannerPanelTest::laysADocumentDownAndTakesItAway()
 {
-    int finishes = 0;
-    connect(m_scanner.get(), &IScanner::signalFinish, m_scanner.get(), [&finishes] { ++finishes; });
+    Noted<int> finishes;
+    connect(m_scanner.get(), &IScanner::signalFinish, &finishes, [&finishes] { ++finishes.value; });
     controls::check(m_panel.get(), "Document");
     QVERIFY(!m_scanner->isDocumentPresent());
     QVERIFY(m_scanner->scan(30));
     QCOMPARE(m_scanner->state(), ScannerStateWaiting);
     controls::check(m_panel.get(), "Document");
-    QTRY_COMPARE(finishes, 1);
+    QTRY_COMPARE(finishes.value, 1);
     m_scanner->setDocumentPresent(false);
     QVERIFY(!controls::find<QCheckBox>(m_panel.get(), "Document")->isChecked());
 }
@@ -129,15 +130,15 @@ void ScannerPanelTest::choosesAResult()
     QFETCH(int, index);
     QFETCH(QString, surname);
     m_scanner->setResult({{QStringLiteral("other"), QString()}});
-    Result read;
-    connect(m_scanner.get(), &IScanner::signalFinish, m_scanner.get(),
-            [&read](const Result &result) { read = result; });
+    Noted<Result> read;
+    connect(m_scanner.get(), &IScanner::signalFinish, &read,
+            [&read](const Result &result) { read.value = result; });
     controls::choose(m_panel.get(), "sample", index);
     QVERIFY(m_scanner->scan(30));
     QTRY_COMPARE(m_scanner->state(), ScannerStateIdle);
-    QCOMPARE(read.value(QStringLiteral("surname")), surname);
-    QCOMPARE(read.isEmpty(), surname.isEmpty());
-    QCOMPARE(ScanFields::fromText(fields()->toPlainText()), read);
+    QCOMPARE(read.value.value(QStringLiteral("surname")), surname);
+    QCOMPARE(read.value.isEmpty(), surname.isEmpty());
+    QCOMPARE(ScanFields::fromText(fields()->toPlainText()), read.value);
 }
 
 void ScannerPanelTest::takesOwnFields()

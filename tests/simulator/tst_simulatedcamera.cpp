@@ -229,7 +229,8 @@ void SimulatedCameraTest::sameSeedSameReports()
                         QTextStream(&text) << rects.at(i)->rect().x() << rects.at(i)->rect().y()
                                            << faces.at(i)->age() << faces.at(i)->emotion()
                                            << faces.at(i)->isTracking();
-                        for (const FaceInfo::FaceScore &match : faces.at(i)->matches())
+                        const auto matches = faces.at(i)->matches();
+                        for (const FaceInfo::FaceScore &match : matches)
                             QTextStream(&text) << match.id << ' ' << match.score << '\n';
                     }
                 });

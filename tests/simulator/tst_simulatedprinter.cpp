@@ -53,7 +53,7 @@ protected:
 private:
     QString write(const QByteArray &bytes)
     {
-        const QString path = m_folder->filePath(QStringLiteral("picture.png"));
+        QString path = m_folder->filePath(QStringLiteral("picture.png"));
         QFile file(path);
         if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
             qFatal("cannot write %s", qPrintable(path));

@@ -1,5 +1,6 @@
 #include "simulator/core/SimulatedScanner.h"
 
+#include "tests/support/Noted.h"
 #include "tests/support/TestCase.h"
 
 using simulator::Pace;
@@ -49,14 +50,14 @@ private:
 
 void SimulatedScannerTest::readsADocument()
 {
-    Result read;
-    connect(m_scanner.data(), &IScanner::signalFinish, this,
-            [&read](const Result &result) { read = result; });
+    Noted<Result> read;
+    connect(m_scanner.data(), &IScanner::signalFinish, &read,
+            [&read](const Result &result) { read.value = result; });
     QVERIFY(m_scanner->scan(30));
     QTRY_COMPARE(m_states,
                  (QList<int>{ScannerStateWaiting, ScannerStateScanning, ScannerStateRecognizing,
                              ScannerStateIdle}));
-    QCOMPARE(read, m_result);
+    QCOMPARE(read.value, m_result);
     QCOMPARE(m_progress, (QList<double>{20, 40, 60, 80, 100}));
 }
 
@@ -153,12 +154,12 @@ void SimulatedScannerTest::reportsWhatWasChanged()
 
 void SimulatedScannerTest::tellsHowFarItIs()
 {
-    QList<double> read;
-    connect(m_scanner.data(), &IScanner::signalProgress, this,
-            [&read, this] { read.append(m_scanner->progress()); });
+    Noted<QList<double>> read;
+    connect(m_scanner.data(), &IScanner::signalProgress, &read,
+            [&read, this] { read.value.append(m_scanner->progress()); });
     QVERIFY(m_scanner->scan(30));
     QTRY_COMPARE(m_finishes, 1);
-    QCOMPARE(read, m_progress);
+    QCOMPARE(read.value, m_progress);
     QVERIFY(m_scanner->scan(30));
     QCOMPARE(m_scanner->progress(), 0);
 }

@@ -16,6 +16,7 @@
 #include "simulator/core/SimulatedSpeech.h"
 #include "simulator/core/SqliteUsersDatabase.h"
 #include "simulator/server/PageServer.h"
+#include "tests/simulator/PanelControls.h"
 #include "tests/simulator/TestPeople.h"
 #include "tests/support/TestCase.h"
 
@@ -188,7 +189,8 @@ void SimulatorWindowTest::sendsNoBrokenCustomEvent()
 {
     QWidget *page = tab(QStringLiteral("App"));
     QLineEdit *json = nullptr;
-    for (QLineEdit *edit : page->findChildren<QLineEdit *>()) {
+    const auto edits = page->findChildren<QLineEdit *>();
+    for (QLineEdit *edit : edits) {
         if (edit->text().contains(QStringLiteral("offer")))
             json = edit;
     }
@@ -240,12 +242,7 @@ void SimulatorWindowTest::peopleEnterAndLeave()
 
 void SimulatorWindowTest::listShowsFaceReportsWhenAsked()
 {
-    QCheckBox *box = nullptr;
-    for (QCheckBox *candidate : m_window->findChildren<QCheckBox *>()) {
-        if (candidate->text() == QStringLiteral("Face reports"))
-            box = candidate;
-    }
-    QVERIFY(box);
+    auto *box = controls::find<QCheckBox>(m_window.get(), "Face reports");
     QVERIFY(!box->isChecked());
     m_core->camera()->enter();
     box->setChecked(true);

@@ -330,7 +330,8 @@ void SqliteUsersDatabaseTest::opensTheFileSafely()
     QCOMPARE(ask(QStringLiteral("PRAGMA journal_mode")).toString(), QStringLiteral("wal"));
     QCOMPARE(ask(QStringLiteral("PRAGMA user_version")).toInt(), 1);
     // These belong to the connection.
-    for (const QString &name : QSqlDatabase::connectionNames()) {
+    const QStringList connections = QSqlDatabase::connectionNames();
+    for (const QString &name : connections) {
         QSqlQuery query(QSqlDatabase::database(name, false));
         QVERIFY(query.exec(QStringLiteral("PRAGMA synchronous")) && query.next());
         QCOMPARE(query.value(0).toInt(), 2);
@@ -446,7 +447,7 @@ void SqliteUsersDatabaseTest::keepsWhatItAcknowledgedWhenKilled()
 {
     QVector<long long> acknowledged;
     for (int round = 0; round < 6; ++round) {
-        const long long first = round * 100000;
+        const long long first = round * 100000LL;
         QProcess child;
         child.start(QStringLiteral(PANOREL_ADDS_PEOPLE), {file(), QString::number(first)});
         int seen = 0;

@@ -7,6 +7,7 @@
 #include "simulator/core/SimulatedSpeech.h"
 #include "simulator/core/SqliteUsersDatabase.h"
 #include "tests/simulator/VisitTestCase.h"
+#include "tests/support/Noted.h"
 
 #include <QLineEdit>
 #include <QPushButton>
@@ -114,17 +115,16 @@ void VisitTest::aReplicaIsAskedForAndSpoken()
 
 void VisitTest::aFaceIsSeenAndChosen()
 {
-    QVector<FaceRectPtr> rects;
-    const QObject watch; // ends with what it writes to
-    connect(core()->camera(), &SimulatedCamera::reported, &watch,
-            [&rects](const QVector<FaceRectPtr> &reported) { rects = reported; });
+    Noted<QVector<FaceRectPtr>> rects;
+    connect(core()->camera(), &SimulatedCamera::reported, &rects,
+            [&rects](const QVector<FaceRectPtr> &reported) { rects.value = reported; });
     core()->camera()->enter(1);
     touch(QStringLiteral("#tab-faces"));
     QTRY_VERIFY_WITH_TIMEOUT(shows(QStringLiteral("faces"), QStringLiteral("Anna")), timeoutMs);
 
     // A touch in the middle of the face, wherever it has gone meanwhile.
-    QTRY_VERIFY_WITH_TIMEOUT(touchesTheFace(rects), timeoutMs);
-    QCOMPARE(core()->faces()->tracked(), rects.first()->idTrack());
+    QTRY_VERIFY_WITH_TIMEOUT(touchesTheFace(rects.value), timeoutMs);
+    QCOMPARE(core()->faces()->tracked(), rects.value.first()->idTrack());
 }
 
 void VisitTest::aPersonIsAddedAndDeleted()

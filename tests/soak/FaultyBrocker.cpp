@@ -8,7 +8,6 @@
 #include <utility>
 
 using panorel::Message;
-using panorel::PanorelQueueBrocker;
 using panorel::constants::SET_LANGUAGE;
 using panorel::constants::USER_SAID;
 

@@ -4,6 +4,7 @@
 #include "tests/soak/SoakPage.h"
 #include "tests/soak/SoakRobot.h"
 #include "tests/soak/StallWatch.h"
+#include "tests/support/Noted.h"
 
 #include <QElapsedTimer>
 #include <QTimer>
@@ -104,18 +105,17 @@ QString Floods::large(Result &result, int characters, const QMetaObject::Connect
 QString Floods::floodFromPage(int seconds)
 {
     return measure(QStringLiteral("flood from the page"), [&](Result &result) {
-        bool hasEnded = false;
-        const auto connection = connect(
-            m_page, &SoakPage::said, this, [&](const QString &name, const QVariantMap &said) {
-                if (name != QLatin1String("flooded"))
-                    return;
-                result.messages = said.value(QStringLiteral("count")).toInt();
-                hasEnded = true;
-            });
+        Noted<bool> hasEnded;
+        connect(m_page, &SoakPage::said, &hasEnded,
+                [&](const QString &name, const QVariantMap &said) {
+                    if (name != QLatin1String("flooded"))
+                        return;
+                    result.messages = said.value(QStringLiteral("count")).toInt();
+                    hasEnded.value = true;
+                });
         m_page->command(QStringLiteral("flood"), {{QStringLiteral("ms"), seconds * 1000}});
-        SoakPage::waitFor([&] { return hasEnded; }, seconds * 1000 + limitMs);
-        disconnect(connection);
-        return hasEnded ? QString() : QStringLiteral("it did not end in time");
+        SoakPage::waitFor([&] { return hasEnded.value; }, seconds * 1000 + limitMs);
+        return hasEnded.value ? QString() : QStringLiteral("it did not end in time");
     });
 }
 
@@ -133,7 +133,7 @@ QString Floods::floodToPage(int seconds)
                 m_page->publishEvent();
         });
         slices.start(0);
-        SoakPage::waitFor([&] { return flood.elapsed() >= seconds * 1000; }, limitMs);
+        SoakPage::waitFor([&] { return flood.elapsed() >= qint64{seconds} * 1000; }, limitMs);
         slices.stop();
         result.messages = m_robot->issued() - first;
         return QString();

@@ -39,7 +39,7 @@ QString LongDay::run()
         m_stalls->setPhase(StallWatch::Day);
         QElapsedTimer timer;
         timer.start();
-        const QString fault = work(stop + 1);
+        QString fault = work(stop + 1);
         m_seconds += static_cast<double>(timer.elapsed()) / 1000;
         m_stalls->setPhase(StallWatch::Loading);
         if (!fault.isEmpty())
@@ -60,7 +60,7 @@ QString LongDay::work(int stop)
     };
     const bool inTime = SoakPage::waitFor(isDone, workLimitMs);
     m_events.stop();
-    const QString fault = m_page->check();
+    QString fault = m_page->check();
     if (!fault.isEmpty() || inTime)
         return fault;
     return QStringLiteral("only %1 of %2 events and %3 requests in time")

@@ -21,7 +21,7 @@ public:
     void addDay(const LongDay &day, const SoakPage &page, const SoakRobot &robot);
     // Limits below zero are none. Those of stalls are the day's: for computing, and for computing
     // and waiting inside a handler.
-    void addStalls(const StallWatch &stalls, double computingLimitMs, double stallLimitMs);
+    void addStalls(const StallWatch &watch, double computingLimitMs, double stallLimitMs);
     void addMemory(const MemoryWatch &memory, double limitPercent);
     void addFloods(const Floods &floods, double answerLimitMs);
 

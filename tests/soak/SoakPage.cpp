@@ -7,6 +7,7 @@
 #include "tests/soak/FaultyBrocker.h"
 #include "tests/soak/SoakRobot.h"
 #include "tests/soak/Texts.h"
+#include "tests/support/Noted.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>
@@ -113,15 +114,14 @@ void SoakPage::onRequest(const Message &message)
 
 bool SoakPage::open()
 {
-    bool isLoaded = false;
-    bool isStarted = false;
-    const auto connection = connect(this, &SoakPage::said, this, [&](const QString &name) {
-        isLoaded = isLoaded || name == QLatin1String("hello");
-        isStarted = isStarted || name == QLatin1String("started");
-    });
+    Noted<QStringList> heard;
+    connect(this, &SoakPage::said, &heard,
+            [&heard](const QString &name) { heard.value.append(name); });
+    const auto isLoaded = [&heard] { return heard.value.contains(QStringLiteral("hello")); };
+    const auto isStarted = [&heard] { return heard.value.contains(QStringLiteral("started")); };
     m_screen->load(QUrl::fromLocalFile(QStringLiteral(PANOREL_SOAK_PAGE)).toString());
     ++m_loads;
-    if (waitFor([&] { return isLoaded; }, loadLimitMs)) {
+    if (waitFor(isLoaded, loadLimitMs)) {
         // Nothing numbered comes between this and the page's first message: the road keeps the order.
         m_unheard += m_robot->issued() - m_settled;
         m_settled = m_robot->issued();
@@ -129,10 +129,9 @@ bool SoakPage::open()
         command(QStringLiteral("start"),
                 {{QStringLiteral("first"), m_settled + 1},
                  {QStringLiteral("next"), m_requests.last() + 1}});
-        waitFor([&] { return isStarted; }, loadLimitMs);
+        waitFor(isStarted, loadLimitMs);
     }
-    disconnect(connection);
-    return isStarted;
+    return isStarted();
 }
 
 void SoakPage::publishEvent()
@@ -180,20 +179,18 @@ void SoakPage::requestUntil(int number)
 
 QString SoakPage::check()
 {
-    QVariantMap report;
-    const auto connection =
-        connect(this, &SoakPage::said, this, [&](const QString &name, const QVariantMap &said) {
-            if (name == QLatin1String("report"))
-                report = said;
-        });
+    Noted<QVariantMap> noted;
+    connect(this, &SoakPage::said, &noted, [&noted](const QString &name, const QVariantMap &said) {
+        if (name == QLatin1String("report"))
+            noted.value = said;
+    });
     // The page answers after everything that was sent to it before, its replies included.
     const int issued = m_robot->issued();
     command(QStringLiteral("report"));
-    const bool hasReport = waitFor([&] { return !report.isEmpty(); }, settleLimitMs);
-    disconnect(connection);
-    if (!hasReport)
+    if (!waitFor([&] { return !noted.value.isEmpty(); }, settleLimitMs))
         return QStringLiteral("the page did not report in time");
 
+    const QVariantMap &report = noted.value;
     const auto number = [&report](const char *name) {
         return report.value(QString::fromLatin1(name)).toInt();
     };
@@ -230,19 +227,18 @@ QString SoakPage::check()
 double SoakPage::roundTrip(int limitMs)
 {
     const int question = ++m_questions;
-    bool isAnswered = false;
+    Noted<bool> isAnswered;
     QElapsedTimer timer;
     timer.start();
-    const auto connection = connect(
-        this, &SoakPage::said, this, [&](const QString &name, const QVariantMap &attributes) {
-            isAnswered = isAnswered
-                || (name == QLatin1String("pong")
-                    && attributes.value(QStringLiteral("number")).toInt() == question);
-        });
+    connect(this, &SoakPage::said, &isAnswered,
+            [&isAnswered, question](const QString &name, const QVariantMap &attributes) {
+                if (name == QLatin1String("pong")
+                    && attributes.value(QStringLiteral("number")).toInt() == question)
+                    isAnswered.value = true;
+            });
     command(QStringLiteral("ping"), {{QStringLiteral("number"), question}});
-    waitFor([&] { return isAnswered; }, limitMs);
-    disconnect(connection);
-    return isAnswered ? elapsedMs(timer) : -1;
+    waitFor([&] { return isAnswered.value; }, limitMs);
+    return isAnswered.value ? elapsedMs(timer) : -1;
 }
 
 double SoakPage::paint(int limitMs)
