@@ -15,7 +15,7 @@ namespace simulator {
 namespace {
 
 // A picture for the printer may be large; what the robot's screen takes has no limit.
-const quint64 MaximumMessage = 256 * 1024 * 1024;
+const quint64 MaximumMessage = quint64{256} * 1024 * 1024;
 
 } // namespace
 

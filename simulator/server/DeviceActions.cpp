@@ -47,7 +47,7 @@ QString setScanner(SimulatedScanner *scanner, ActionValues &values)
     const auto present = values.flag(QStringLiteral("present"));
     const auto fields = values.textMap(QStringLiteral("fields"));
     const auto error = takeError(values, wrongError);
-    const QString mistake = values.mistake() + wrongError;
+    QString mistake = values.mistake() + wrongError;
     if (!mistake.isEmpty())
         return mistake;
     if (connected)
@@ -80,7 +80,7 @@ QString printer(const ActionTarget &target, ActionValues &values, QJsonObject &)
     const auto refusing = values.flag(QStringLiteral("refusing"));
     const auto clear = values.flag(QStringLiteral("clear"));
     const auto error = takeError(values, wrongError);
-    const QString mistake = values.mistake() + wrongError;
+    QString mistake = values.mistake() + wrongError;
     if (!mistake.isEmpty())
         return mistake;
     if (connected)
@@ -192,7 +192,7 @@ QString mail(const ActionTarget &, ActionValues &values, QJsonObject &)
 {
     QString wrongError;
     const auto error = takeError(values, wrongError);
-    const QString mistake = values.mistake() + wrongError;
+    QString mistake = values.mistake() + wrongError;
     if (!mistake.isEmpty())
         return mistake;
     if (error)
