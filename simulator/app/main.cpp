@@ -10,7 +10,6 @@
 #include "simulator/core/RobotCore.h"
 #include "simulator/core/ScenarioReader.h"
 #include "simulator/core/SimulatedReplicas.h"
-#include "simulator/core/SqliteUsersDatabase.h"
 #include "simulator/server/PageServer.h"
 #include "simulator/server/RobotControl.h"
 
@@ -74,12 +73,9 @@ QString dataFolder(const CommandLine &commandLine)
     return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
 }
 
-void tellProblem(const RobotCore &core)
+void tellProblems(const RobotCore &core)
 {
-    if (!core.devices().users)
-        return; // it has none to keep
-    const QString problem = core.devices().users->problem();
-    if (!problem.isEmpty())
+    for (const QString &problem : core.problems())
         print(stderr, problem + QStringLiteral("\nAnother folder is given with --data."));
 }
 
@@ -176,7 +172,7 @@ int main(int argc, char *argv[])
     RobotCore::Equipment equipment = commandLine.equipment();
     equipment.dataFolder = dataFolder(commandLine);
     RobotCore core(equipment);
-    tellProblem(core);
+    tellProblems(core);
     makeRobotHome();
     // The pace is a handle that all of the core share.
     core.pace().setSpeed(commandLine.speed()); // clazy:exclude=writing-to-temporary

@@ -4,6 +4,7 @@
 #include "host/UserData.h"
 #include "simulator/core/OperatorDesk.h"
 #include "simulator/core/Outbox.h"
+#include "simulator/core/RobotIdentity.h"
 #include "simulator/core/ScanSample.h"
 #include "simulator/core/ScenarioReader.h"
 #include "simulator/core/SimulatedCamera.h"
@@ -85,10 +86,13 @@ RobotCore::RobotCore(const Equipment &equipment, QObject *parent)
     TelephoneLine::instance().setPace(m_pace);
     Outbox::instance().setPace(m_pace);
     m_replicas->setScenario(ScenarioReader().scenario());
+    readData(equipment.dataFolder);
     fillSettings();
     fillDevices();
     connectPlugin();
 }
+
+QStringList RobotCore::problems() const { return m_problems; }
 
 Pace RobotCore::pace() const { return m_pace; }
 
@@ -113,6 +117,18 @@ SimulatedReplicas *RobotCore::replicas() const { return m_replicas; }
 OperatorDesk *RobotCore::operatorDesk() const { return m_operatorDesk; }
 
 const RobotDevices &RobotCore::devices() const { return m_devices; }
+
+void RobotCore::readData(const QString &folder)
+{
+    if (m_devices.users && !m_devices.users->problem().isEmpty())
+        m_problems.append(m_devices.users->problem());
+    if (folder.isEmpty())
+        return;
+    const QString problem =
+        RobotIdentity::instance().load(QDir(folder).filePath(RobotIdentity::fileName()));
+    if (!problem.isEmpty())
+        m_problems.append(problem);
+}
 
 void RobotCore::fillSettings()
 {

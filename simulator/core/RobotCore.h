@@ -6,6 +6,7 @@
 #include "simulator/core/SimulatedPlugin.h"
 
 #include <QObject>
+#include <QStringList>
 
 namespace simulator {
 
@@ -43,6 +44,9 @@ public:
     explicit RobotCore(QObject *parent = nullptr);
     explicit RobotCore(const Equipment &equipment, QObject *parent = nullptr);
 
+    /// Why what lies in the data folder is not used, and what to do; empty when all is well.
+    QStringList problems() const;
+
     /// Copies share the robot's speed.
     Pace pace() const;
 
@@ -62,11 +66,13 @@ public:
     const RobotDevices &devices() const;
 
 private:
+    void readData(const QString &folder);
     void fillSettings();
     void fillDevices();
     void connectPlugin();
 
     Pace m_pace;
+    QStringList m_problems;
     RobotDevices m_devices;
     SimulatedSpeech *m_speech;
     SimulatedDrive *m_drive;
