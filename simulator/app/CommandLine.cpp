@@ -68,8 +68,9 @@ struct Options
         QStringLiteral("FACTOR")};
     QCommandLineOption data{
         QStringLiteral("data"),
-        QStringLiteral("Where the robot keeps whom it knows; made when it is not there. Default: "
-                       "the user's own data folder."),
+        QStringLiteral(
+            "Where the robot keeps whom it knows, who it is, and its settings; made when "
+            "it is not there. Default: the user's own data and settings folders."),
         QStringLiteral("FOLDER")};
     QCommandLineOption without{
         QStringLiteral("without"),

@@ -6,6 +6,7 @@
 #include "simulator/app/DialogPanel.h"
 #include "simulator/app/MessageLogView.h"
 #include "simulator/app/RobotEventsPanel.h"
+#include "simulator/app/SettingsPanel.h"
 #include "simulator/app/StatePanel.h"
 #include "simulator/app/VisitorEventsPanel.h"
 #include "simulator/core/RobotCore.h"
@@ -46,7 +47,9 @@ ControlPanel::ControlPanel(RobotCore *core, RobotScreen *screen, MessageLog *log
         form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     }
     tabs->insertTab(1, new CameraPanel(core), tr("Camera"));
-    tabs->insertTab(4, new DevicesPanel(core->devices()), tr("Devices"));
+    auto *devices = new DevicesPanel(core->devices());
+    devices->add(tr("Settings"), new SettingsPanel(core->plugin()));
+    tabs->insertTab(4, devices, tr("Devices"));
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(8, 8, 8, 8);

@@ -60,7 +60,6 @@ DevicesPanel::DevicesPanel(const RobotDevices &devices, QWidget *parent)
     m_list->setObjectName(QStringLiteral("devices"));
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_list->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    m_list->setFixedWidth(m_list->sizeHintForColumn(0) + 2 * m_list->frameWidth() + 4);
     m_list->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(6, 6, 6, 6);
@@ -76,6 +75,7 @@ void DevicesPanel::add(const QString &name, QWidget *panel)
 {
     m_list->addItem(name);
     m_panels->addWidget(panel);
+    m_list->setFixedWidth(m_list->sizeHintForColumn(0) + 2 * m_list->frameWidth() + 4);
 }
 
 } // namespace simulator

@@ -18,9 +18,10 @@ public:
     /// The devices are kept as long as the panel's owner keeps the robot, which outlives it.
     explicit DevicesPanel(const RobotDevices &devices, QWidget *parent = nullptr);
 
-private:
+    /// One more, at the end of the list. The panel takes @p panel over.
     void add(const QString &name, QWidget *panel);
 
+private:
     QListWidget *m_list;
     QStackedWidget *m_panels;
 };

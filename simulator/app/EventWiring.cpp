@@ -33,6 +33,9 @@ void wireEvents(RobotCore *core, RobotScreen *screen)
     connectTo(core->operatorDesk(), &OperatorDesk::responded, &Screen::operatorResponse);
     connectTo(core->operatorDesk(), &OperatorDesk::controlChanged, &Screen::operatorControl);
     connectTo(core->faces(), &SimulatedFaces::trainStatusChanged, &Screen::faceAddStatus);
+    connectTo(&core->plugin()->applicationSettings(), &SettingsStore::changed,
+              &Screen::updateSettings);
+    connectTo(&core->plugin()->systemSettings(), &SettingsStore::changed, &Screen::updateSettings);
     connectTo(core->camera(), &SimulatedCamera::userSeen, &Screen::hasUser);
     connectTo(core->camera(), &SimulatedCamera::userLost, &Screen::lostUser);
     connectTo(core->camera(), &SimulatedCamera::mainFaceChanged, &Screen::faceGeneral);

@@ -73,6 +73,13 @@ QString dataFolder(const CommandLine &commandLine)
     return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
 }
 
+QString settingsFolder(const CommandLine &commandLine)
+{
+    if (!commandLine.data().isEmpty())
+        return commandLine.data();
+    return QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
+}
+
 void tellProblems(const RobotCore &core)
 {
     for (const QString &problem : core.problems())
@@ -171,6 +178,7 @@ int main(int argc, char *argv[])
     // The core outlives the window: the screen's handlers use it until they are gone.
     RobotCore::Equipment equipment = commandLine.equipment();
     equipment.dataFolder = dataFolder(commandLine);
+    equipment.settingsFolder = settingsFolder(commandLine);
     RobotCore core(equipment);
     tellProblems(core);
     makeRobotHome();

@@ -86,9 +86,9 @@ RobotCore::RobotCore(const Equipment &equipment, QObject *parent)
     TelephoneLine::instance().setPace(m_pace);
     Outbox::instance().setPace(m_pace);
     m_replicas->setScenario(ScenarioReader().scenario());
-    readData(equipment.dataFolder);
     fillSettings();
     fillDevices();
+    readData(equipment);
     connectPlugin();
 }
 
@@ -118,16 +118,25 @@ OperatorDesk *RobotCore::operatorDesk() const { return m_operatorDesk; }
 
 const RobotDevices &RobotCore::devices() const { return m_devices; }
 
-void RobotCore::readData(const QString &folder)
+void RobotCore::readData(const Equipment &equipment)
 {
-    if (m_devices.users && !m_devices.users->problem().isEmpty())
-        m_problems.append(m_devices.users->problem());
-    if (folder.isEmpty())
-        return;
-    const QString problem =
-        RobotIdentity::instance().load(QDir(folder).filePath(RobotIdentity::fileName()));
-    if (!problem.isEmpty())
-        m_problems.append(problem);
+    const auto note = [this](const QString &problem) {
+        if (!problem.isEmpty())
+            m_problems.append(problem);
+    };
+    if (m_devices.users)
+        note(m_devices.users->problem());
+    if (!equipment.dataFolder.isEmpty()) {
+        const QDir data(equipment.dataFolder);
+        note(RobotIdentity::instance().load(data.filePath(RobotIdentity::fileName())));
+    }
+    if (!equipment.settingsFolder.isEmpty()) {
+        const QDir settings(equipment.settingsFolder);
+        note(m_plugin->applicationSettings().open(
+            settings.filePath(QStringLiteral("application.ini"))));
+        note(m_plugin->systemSettings().open(settings.filePath(QStringLiteral("system.ini"))));
+        note(m_plugin->emailSettings().open(settings.filePath(QStringLiteral("email.ini"))));
+    }
 }
 
 void RobotCore::fillSettings()

@@ -39,12 +39,14 @@ public:
         bool users = true;
         /// Made when it is not there; empty keeps all data in memory.
         QString dataFolder = {};
+        /// Where its settings lie, in three INI files; as above.
+        QString settingsFolder = {};
     };
 
     explicit RobotCore(QObject *parent = nullptr);
     explicit RobotCore(const Equipment &equipment, QObject *parent = nullptr);
 
-    /// Why what lies in the data folder is not used, and what to do; empty when all is well.
+    /// Why what lies in data and settings folder is not used, and what to do; empty when all is well.
     QStringList problems() const;
 
     /// Copies share the robot's speed.
@@ -66,7 +68,7 @@ public:
     const RobotDevices &devices() const;
 
 private:
-    void readData(const QString &folder);
+    void readData(const Equipment &equipment);
     void fillSettings();
     void fillDevices();
     void connectPlugin();

@@ -10,6 +10,12 @@
 
 namespace simulator {
 
+namespace {
+
+QString accountGroup() { return QStringLiteral("account"); }
+
+} // namespace
+
 SimulatedPlugin::SimulatedPlugin(const RobotDevices &devices, QObject *parent)
     : PluginInterface(parent)
     , m_devices(devices)
@@ -35,7 +41,10 @@ QMap<QString, QVariant> SimulatedPlugin::sysParameterGroup(const QString &group)
     return m_system.group(group);
 }
 
-QMap<QString, QVariant> SimulatedPlugin::emailParameters() const { return m_email; }
+QMap<QString, QVariant> SimulatedPlugin::emailParameters() const
+{
+    return m_email.group(accountGroup());
+}
 
 QSharedPointer<IDevice> SimulatedPlugin::device(const Device &device) const
 {
@@ -74,9 +83,18 @@ SettingsStore &SimulatedPlugin::applicationSettings() { return m_application; }
 
 SettingsStore &SimulatedPlugin::systemSettings() { return m_system; }
 
+SettingsStore &SimulatedPlugin::emailSettings() { return m_email; }
+
 void SimulatedPlugin::setEmailParameters(const QMap<QString, QVariant> &parameters)
 {
-    m_email = parameters;
+    const QString prefix = QStringLiteral("/%1/").arg(accountGroup());
+    const QStringList before = m_email.group(accountGroup()).keys();
+    for (const QString &name : before) {
+        if (!parameters.contains(name))
+            m_email.remove(prefix + name);
+    }
+    for (auto it = parameters.cbegin(); it != parameters.cend(); ++it)
+        m_email.setValue(prefix + it.key(), it.value());
 }
 
 } // namespace simulator

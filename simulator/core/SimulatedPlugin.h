@@ -30,13 +30,15 @@ public:
     /// The stores themselves, to be changed while the robot runs.
     SettingsStore &applicationSettings();
     SettingsStore &systemSettings();
+    /// emailParameters() are its group "account".
+    SettingsStore &emailSettings();
     void setEmailParameters(const QMap<QString, QVariant> &parameters);
 
 private:
     RobotDevices m_devices;
     SettingsStore m_application;
     SettingsStore m_system;
-    QMap<QString, QVariant> m_email;
+    SettingsStore m_email;
 };
 
 } // namespace simulator

@@ -34,6 +34,7 @@ private Q_SLOTS:
     void handsOutNullForMissingDevices();
     void givesSettings();
     void givesTheMailAccount();
+    void keepsSettingsInItsFolder();
     void passesRequestsToItsParts();
     void answersRequestsThatReturnAValue();
     void keyboardShowsAndHides();
@@ -99,6 +100,30 @@ void RobotCoreTest::givesTheMailAccount()
     QCOMPARE(core.plugin()->emailParameters().keys(), expected);
     core.plugin()->setEmailParameters({});
     QVERIFY(core.plugin()->emailParameters().isEmpty());
+}
+
+void RobotCoreTest::keepsSettingsInItsFolder()
+{
+    QTemporaryDir folder;
+    RobotCore::Equipment equipment;
+    equipment.settingsFolder = folder.filePath(QStringLiteral("etc"));
+    {
+        const RobotCore core(equipment);
+        QVERIFY(core.problems().isEmpty());
+        core.plugin()->applicationSettings().setValue(QStringLiteral("/own/a"), 1);
+        core.plugin()->systemSettings().setValue(QStringLiteral("/sound/volume"), 33);
+        core.plugin()->setEmailParameters({{QStringLiteral("host"), QStringLiteral("localhost")}});
+    }
+    const RobotCore core(equipment);
+    QCOMPARE(core.plugin()->appParameter(QStringLiteral("/own/a"), {}), QVariant(1));
+    QCOMPARE(core.plugin()->sysParameter(QStringLiteral("/sound/volume"), {}), QVariant(33));
+    QCOMPARE(core.plugin()->emailParameters(),
+             (QVariantMap{{QStringLiteral("host"), QStringLiteral("localhost")}}));
+
+    equipment.settingsFolder = QStringLiteral("/dev/null");
+    const RobotCore homeless(equipment);
+    QCOMPARE(homeless.problems().size(), 3);
+    QVERIFY(homeless.plugin()->sysParameterGroup(QStringLiteral("sound")).size() > 1);
 }
 
 void RobotCoreTest::passesRequestsToItsParts()

@@ -61,6 +61,7 @@ private Q_SLOTS:
     void theRobotSpeaksThePagesLanguage();
     void demoVisitReachesThePage();
     void showsWhereThePageIsServed();
+    void tellsThePageOfChangedSettings();
 
 protected:
     void setUp() override
@@ -439,6 +440,16 @@ void SimulatorWindowTest::showsWhereThePageIsServed()
     browser.close();
     QTRY_VERIFY(text("browsers").startsWith(QStringLiteral("No browser")));
     server.reset(); // before the window, as in the program
+}
+
+void SimulatorWindowTest::tellsThePageOfChangedSettings()
+{
+    m_core->plugin()->applicationSettings().setValue(QStringLiteral("/screen/title"), 1);
+    QCOMPARE(m_topics.count(topics::SETTINGS_UPDATE), 1);
+    m_core->plugin()->systemSettings().setValue(QStringLiteral("/sound/volume"), 1);
+    QCOMPARE(m_topics.count(topics::SETTINGS_UPDATE), 2);
+    m_core->plugin()->setEmailParameters({}); // nothing that a page could ask for
+    QCOMPARE(m_topics.count(topics::SETTINGS_UPDATE), 2);
 }
 
 QTEST_MAIN(SimulatorWindowTest)
