@@ -146,13 +146,13 @@ void SettingsStoreTest::makesItsFile()
 
 void SettingsStoreTest::readsWhatAPersonWrote()
 {
-    write("[screen]\ntitle=Grüezi, alle miteinander\ntimeout=60\ndark=true\n; a remark\n"
+    write("[screen]\ntitle=Grüezi, liebe Gäste\ntimeout=60\ndark=true\n; a remark\n"
           "[drive]\nspeed=0.6\nname=\"42\"\n");
     SettingsStore store;
     store.setValue(QStringLiteral("/sound/volume"), 50);
     QCOMPARE(store.open(file()), QString());
     QCOMPARE(store.value(QStringLiteral("/screen/title")),
-             QVariant(QString::fromUtf8("Grüezi, alle miteinander")));
+             QVariant(QString::fromUtf8("Grüezi, liebe Gäste")));
     QCOMPARE(store.value(QStringLiteral("/screen/timeout")), QVariant(60));
     QCOMPARE(store.value(QStringLiteral("/screen/dark")), QVariant(true));
     QCOMPARE(store.value(QStringLiteral("/drive/speed")), QVariant(0.6));
