@@ -6,6 +6,21 @@
 
 namespace simulator {
 
+namespace {
+
+// Takes the same time wherever the first difference is.
+bool areSame(const QString &one, const QString &other)
+{
+    if (one.size() != other.size())
+        return false;
+    uint difference = 0;
+    for (int i = 0; i < one.size(); ++i)
+        difference |= static_cast<uint>(one.at(i).unicode() ^ other.at(i).unicode());
+    return difference == 0;
+}
+
+} // namespace
+
 QString AccessRules::makeToken()
 {
     quint32 words[4];
@@ -38,16 +53,7 @@ AccessRules::AccessRules(const QHostAddress &address, quint16 port, const QStrin
     , m_origins(origins)
 { }
 
-bool AccessRules::isToken(const QString &token) const
-{
-    // Takes the same time wherever the first difference is.
-    if (token.size() != m_token.size())
-        return false;
-    uint difference = 0;
-    for (int i = 0; i < token.size(); ++i)
-        difference |= static_cast<uint>(token.at(i).unicode() ^ m_token.at(i).unicode());
-    return difference == 0;
-}
+bool AccessRules::isToken(const QString &token) const { return areSame(token, m_token); }
 
 bool AccessRules::isHost(const QByteArray &host) const
 {
@@ -81,7 +87,7 @@ QByteArray AccessRules::cookieName() const
 
 QByteArray AccessRules::cookieToSet() const
 {
-    return cookieName() + '=' + m_token.toLatin1() + "; Path=/; HttpOnly; SameSite=Strict";
+    return cookieName() + '=' + m_cookie.toLatin1() + "; Path=/; HttpOnly; SameSite=Strict";
 }
 
 bool AccessRules::isCookie(const QByteArray &header) const
@@ -90,7 +96,7 @@ bool AccessRules::isCookie(const QByteArray &header) const
     const QList<QByteArray> cookies = header.split(';');
     for (const QByteArray &cookie : cookies) {
         const QByteArray one = cookie.trimmed();
-        if (one.startsWith(name) && isToken(QString::fromLatin1(one.mid(name.size()))))
+        if (one.startsWith(name) && areSame(QString::fromLatin1(one.mid(name.size())), m_cookie))
             return true;
     }
     return false;

@@ -30,8 +30,9 @@ public:
     /// browser, is allowed: such a program needs the token, and no visited page can misuse it.
     bool isOrigin(const QString &origin) const;
 
-    /// The cookie by which the page's other files come without a token in their address: its name has
-    /// the port, since cookies do not tell servers of one machine apart.
+    /// The cookie by which the page's other files come without a token in their address. Its name has
+    /// the port, and its value is not the token, since a browser sends it to every server of this
+    /// machine.
     QByteArray cookieToSet() const;
     bool isCookie(const QByteArray &header) const;
 
@@ -42,6 +43,7 @@ private:
     QHostAddress m_address;
     quint16 m_port;
     QString m_token;
+    QString m_cookie = makeToken();
     QStringList m_origins;
 };
 

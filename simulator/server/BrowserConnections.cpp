@@ -3,12 +3,16 @@
 #include "simulator/server/AccessRules.h"
 #include "simulator/server/BrowserTransport.h"
 
+#include <QHostAddress>
 #include <QTcpSocket>
+#include <QTimer>
 #include <QUrlQuery>
 #include <QWebChannel>
 #include <QWebSocket>
 #include <QWebSocketCorsAuthenticator>
 #include <QWebSocketServer>
+
+#include <memory>
 
 namespace simulator {
 
@@ -40,9 +44,24 @@ BrowserConnections::BrowserConnections(const QHash<QString, QObject *> &objects,
 
 void BrowserConnections::setSingle(bool single) { m_isSingle = single; }
 
+void BrowserConnections::setHandshakeTime(int milliseconds) { m_handshakeTime = milliseconds; }
+
+void BrowserConnections::setPingTime(int milliseconds) { m_pingTime = milliseconds; }
+
 void BrowserConnections::take(QTcpSocket *socket)
 {
     socket->setParent(m_server);
+    // The server limits the handshakes only of connections that it has accepted itself.
+    auto *limit = new QTimer(socket);
+    limit->setSingleShot(true);
+    connect(limit, &QTimer::timeout, socket, [socket] { socket->abort(); });
+    const Peer peer{socket->peerAddress().toString(), socket->peerPort()};
+    m_limits.insert(peer, limit);
+    connect(limit, &QObject::destroyed, this, [this, peer, limit] {
+        if (m_limits.value(peer) == limit)
+            m_limits.remove(peer);
+    });
+    limit->start(m_handshakeTime);
     m_server->handleConnection(socket);
 }
 
@@ -52,6 +71,7 @@ void BrowserConnections::onConnected()
 {
     while (QWebSocket *socket = m_server->nextPendingConnection()) {
         socket->setParent(this);
+        delete m_limits.value({socket->peerAddress().toString(), socket->peerPort()});
         connect(socket, &QWebSocket::disconnected, socket, &QObject::deleteLater);
         const QString reason = obstacle(socket);
         if (reason.isEmpty()) {
@@ -81,12 +101,30 @@ void BrowserConnections::open(QWebSocket *socket)
     auto *channel = new QWebChannel(socket);
     channel->registerObjects(m_objects);
     channel->connectTo(new BrowserTransport(socket, channel));
+    watch(socket);
     ++m_count;
     connect(socket, &QWebSocket::disconnected, this, [this] {
         --m_count;
         Q_EMIT countChanged(m_count);
     });
     Q_EMIT countChanged(m_count);
+}
+
+// A machine that vanishes closes nothing.
+void BrowserConnections::watch(QWebSocket *socket)
+{
+    auto *pings = new QTimer(socket);
+    auto answered = std::make_shared<bool>(true);
+    connect(socket, &QWebSocket::pong, pings, [answered] { *answered = true; });
+    connect(pings, &QTimer::timeout, socket, [socket, answered] {
+        if (!*answered) {
+            socket->abort();
+            return;
+        }
+        *answered = false;
+        socket->ping();
+    });
+    pings->start(m_pingTime);
 }
 
 } // namespace simulator

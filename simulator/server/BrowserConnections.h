@@ -2,9 +2,11 @@
 
 #include <QHash>
 #include <QObject>
+#include <QPair>
 #include <QString>
 
 class QTcpSocket;
+class QTimer;
 class QWebSocket;
 class QWebSocketServer;
 
@@ -27,6 +29,12 @@ public:
     /// Refuses a browser while another one is connected.
     void setSingle(bool single);
 
+    /// How long a browser may be silent to a ping before its place is free, in milliseconds; 15000
+    /// unless set.
+    void setPingTime(int milliseconds);
+    /// How long a browser may take to open its channel, in milliseconds; 10000 unless set.
+    void setHandshakeTime(int milliseconds);
+
     /// Takes the connection over; its request is still unread.
     void take(QTcpSocket *socket);
 
@@ -41,10 +49,16 @@ private:
     void onConnected();
     QString obstacle(const QWebSocket *socket) const;
     void open(QWebSocket *socket);
+    void watch(QWebSocket *socket);
+
+    using Peer = QPair<QString, quint16>;
 
     QHash<QString, QObject *> m_objects;
+    QHash<Peer, QTimer *> m_limits; // of handshakes
     const AccessRules *m_rules;
     QWebSocketServer *m_server;
+    int m_handshakeTime = 10000;
+    int m_pingTime = 15000;
     int m_count = 0;
     bool m_isSingle = false;
 };

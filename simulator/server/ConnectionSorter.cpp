@@ -34,16 +34,16 @@ void ConnectionSorter::setPatience(int milliseconds) { m_patience = milliseconds
 
 void ConnectionSorter::incomingConnection(qintptr descriptor)
 {
-    if (m_waiting.size() >= MaximumWaiting) {
-        ::close(static_cast<int>(descriptor));
-        return;
-    }
+    // Whoever has kept silent the longest makes room, so that silence locks nobody out.
+    if (m_waiting.size() >= MaximumWaiting)
+        giveUp(m_order.constFirst());
     // The kernel wakes us up when there is enough to tell the two apart, or the other side has
     // closed.
     ::setsockopt(static_cast<int>(descriptor), SOL_SOCKET, SO_RCVLOWAT, &RequestSize,
                  sizeof RequestSize);
     auto *notifier = new QSocketNotifier(descriptor, QSocketNotifier::Read, this);
     m_waiting.insert(descriptor, notifier);
+    m_order.append(descriptor);
     connect(notifier, &QSocketNotifier::activated, this, [this, descriptor] { sort(descriptor); });
     QTimer::singleShot(m_patience, notifier, [this, descriptor, notifier] {
         if (m_waiting.value(descriptor) == notifier)
@@ -90,6 +90,7 @@ void ConnectionSorter::forget(qintptr descriptor)
 {
     // It may be the notifier itself that called.
     QSocketNotifier *notifier = m_waiting.take(descriptor);
+    m_order.removeOne(descriptor);
     notifier->setEnabled(false);
     notifier->disconnect(this);
     notifier->deleteLater();

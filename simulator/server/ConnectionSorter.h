@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QHash>
+#include <QList>
 #include <QTcpServer>
 
 class QSocketNotifier;
@@ -36,6 +37,7 @@ private:
     void forget(qintptr descriptor);
 
     QHash<qintptr, QSocketNotifier *> m_waiting;
+    QList<qintptr> m_order; // of these, the oldest first
     int m_patience = 10000;
 };
 

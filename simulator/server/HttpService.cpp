@@ -12,7 +12,7 @@
 
 namespace simulator {
 
-const int HttpService::MaximumBody = 8 * 1024 * 1024;
+const int HttpService::MaximumBody = 1024 * 1024;
 
 namespace {
 

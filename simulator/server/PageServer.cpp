@@ -101,6 +101,9 @@ HttpResponse PageServer::answer(const HttpRequest &request) const
     HttpResponse response = request.path.startsWith(QLatin1String("/robot/"))
         ? answerControl(request, hasToken)
         : answerFile(request, hasToken);
+    // Whoever is sent away keeps no place.
+    if (response.status >= 400)
+        response.headers += {{"Connection", "close"}};
     // Files are under work, and the address with its token is nobody else's business.
     response.headers += {{"Cache-Control", "no-store"},
                          {"Referrer-Policy", "no-referrer"},
@@ -122,9 +125,16 @@ HttpResponse PageServer::answerFile(const HttpRequest &request, bool hasToken) c
 
     const PageFiles::Found found = m_files.find(request.path);
     HttpResponse response;
+    if (found.file.isEmpty() && request.path == QLatin1String("/favicon.ico")) {
+        response.status = 204; // a browser asks for it unbidden
+        return response;
+    }
     if (found.isFolder) {
         response = message(308, "A folder's address ends with a slash.");
-        response.headers = {{"Location", QUrl::toPercentEncoding(request.path, "/") + '/'}};
+        response.headers = {
+            {"Location",
+             QUrl::toPercentEncoding(request.path, "/") + '/'
+                 + (hasToken ? "?token=" + m_settings.token.toLatin1() : QByteArray())}};
     } else if (found.file.isEmpty()) {
         return message(404, "There is no such file in the folder that is served.");
     } else {

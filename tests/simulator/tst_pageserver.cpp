@@ -1,5 +1,6 @@
 #include "simulator/server/PageServer.h"
 
+#include "simulator/server/BrowserConnections.h"
 #include "simulator/server/BrowserTransport.h"
 #include "simulator/server/ConnectionSorter.h"
 #include "simulator/server/HttpService.h"
@@ -53,6 +54,8 @@ private Q_SLOTS:
     void survivesGarbage_data();
     void survivesGarbage();
     void closesWhoKeepsSilent();
+    void isNotLockedUpBySilence();
+    void sendsRefusedOnesAway();
     void servesManyAtOnce();
     void opensAChannel();
     void refusesAChannel_data();
@@ -64,6 +67,8 @@ private Q_SLOTS:
     void letsOneBrowserInAtATime();
     void countsBrowsersThatBreakOff();
     void letsGoOfABrowserThatTakesNothingIn();
+    void letsGoOfABrowserThatVanished();
+    void endsAHandshakeThatStopsHalfWay();
     void namesItsAddress_data();
     void namesItsAddress();
     void saysWhenThePortIsTaken();
@@ -240,6 +245,7 @@ void PageServerTest::answers_data()
     row("outside", "GET /../../etc/passwd?token=secret", "", 404, "text/plain");
     row("outside, encoded", "GET /%2e%2e/%2e%2e/etc/passwd?token=secret", "", 404, "text/plain");
     row("NUL", "GET /style.css%00.html?token=secret", "", 200, "Content-Type: text/css");
+    row("icon", "GET /favicon.ico?token=secret", "", 204, "204");
     row("web channel", "GET /qwebchannel.js", "", 200, "Content-Type: text/javascript");
     row("post", "POST /?token=secret", "Content-Length: 2\r\n", 405, "Allow: GET, HEAD");
     row("no channel", "GET /channels?token=secret", "", 404, "text/plain");
@@ -369,6 +375,28 @@ void PageServerTest::closesWhoKeepsSilent()
         QTRY_COMPARE(closed.size(), 1);
     }
     QCOMPARE(pages, 0);
+}
+
+void PageServerTest::isNotLockedUpBySilence()
+{
+    std::vector<std::unique_ptr<QTcpSocket>> silent;
+    for (int i = 0; i < 100; ++i) {
+        silent.push_back(std::make_unique<QTcpSocket>());
+        silent.back()->connectToHost(QHostAddress::LocalHost, m_port);
+    }
+    QTRY_VERIFY(silent.back()->state() == QTcpSocket::ConnectedState);
+    QCOMPARE(get("/?token=secret").status, 200);
+    QTRY_COMPARE(silent.front()->state(), QTcpSocket::UnconnectedState);
+    QCOMPARE(silent.back()->state(), QTcpSocket::ConnectedState);
+}
+
+void PageServerTest::sendsRefusedOnesAway()
+{
+    QTcpSocket socket;
+    socket.connectToHost(QHostAddress::LocalHost, m_port);
+    socket.write("GET / HTTP/1.1\r\n" + host() + "\r\n");
+    QCOMPARE(read(socket).status, 403);
+    QTRY_COMPARE(socket.state(), QTcpSocket::UnconnectedState);
 }
 
 void PageServerTest::servesManyAtOnce()
@@ -532,6 +560,60 @@ void PageServerTest::letsGoOfABrowserThatTakesNothingIn()
     }
     QCOMPARE(ended.size(), 1);
     transport.sendMessage(message); // of no effect
+}
+
+void PageServerTest::letsGoOfABrowserThatVanished()
+{
+    const simulator::AccessRules rules(QHostAddress(QHostAddress::LocalHost), 1, {});
+    simulator::BrowserConnections browsers({}, &rules);
+    browsers.setPingTime(100);
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    const auto connectTo = [&](QTcpSocket &browser) {
+        browser.connectToHost(QHostAddress::LocalHost, server.serverPort());
+        browser.write("GET /channel?token= HTTP/1.1\r\nHost: localhost\r\nUpgrade: websocket\r\n"
+                      "Connection: Upgrade\r\nSec-WebSocket-Version: 13\r\n"
+                      "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\n\r\n");
+        if (QTest::qWaitFor([&] { return server.hasPendingConnections(); }))
+            browsers.take(server.nextPendingConnection());
+    };
+    QTcpSocket mute; // answers no ping
+    connectTo(mute);
+    QTRY_COMPARE(browsers.count(), 1);
+    QTRY_COMPARE(browsers.count(), 0);
+    QTRY_COMPARE(mute.state(), QTcpSocket::UnconnectedState);
+
+    QWebSocket alive;
+    alive.open(QUrl(QStringLiteral("ws://127.0.0.1:%1/channel?token=").arg(server.serverPort())));
+    QTRY_VERIFY(server.hasPendingConnections());
+    browsers.take(server.nextPendingConnection());
+    QTRY_COMPARE(browsers.count(), 1);
+    QTest::qWait(500);
+    QCOMPARE(browsers.count(), 1);
+}
+
+void PageServerTest::endsAHandshakeThatStopsHalfWay()
+{
+    const simulator::AccessRules rules(QHostAddress(QHostAddress::LocalHost), 1, {});
+    simulator::BrowserConnections browsers({}, &rules);
+    browsers.setHandshakeTime(100);
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    QTcpSocket half;
+    half.connectToHost(QHostAddress::LocalHost, server.serverPort());
+    half.write("GET /channel?token= HTTP/1.1\r\n");
+    QTRY_VERIFY(server.hasPendingConnections());
+    browsers.take(server.nextPendingConnection());
+    QTRY_COMPARE(half.state(), QTcpSocket::UnconnectedState);
+
+    // A whole one has no such limit.
+    QWebSocket whole;
+    whole.open(QUrl(QStringLiteral("ws://127.0.0.1:%1/channel?token=").arg(server.serverPort())));
+    QTRY_VERIFY(server.hasPendingConnections());
+    browsers.take(server.nextPendingConnection());
+    QTRY_COMPARE(browsers.count(), 1);
+    QTest::qWait(300);
+    QCOMPARE(browsers.count(), 1);
 }
 
 void PageServerTest::namesItsAddress_data()
