@@ -20,6 +20,7 @@ export interface ConnectOptions {
 }
 
 const TIMEOUT = 10000
+const TOKEN = 'panorel-token'
 
 // A page has one transport, and of two web channels over it the first would hear nothing any more.
 let shared: Promise<Robot> | undefined
@@ -59,7 +60,7 @@ export function connect(options: ConnectOptions = {}): Promise<Robot> {
 async function toServer(options: ConnectOptions, timeout: number): Promise<Robot> {
   const here = typeof location === 'undefined' ? '' : location.href
   const url = new URL(options.url || here || 'about:blank')
-  const token = url.searchParams.get('token')
+  const token = tokenOf(url, !options.url)
   if (!token || !/^(http|ws)s?:$/.test(url.protocol)) {
     throw new PanorelError(
       'no-robot',
@@ -70,6 +71,17 @@ async function toServer(options: ConnectOptions, timeout: number): Promise<Robot
   const query = `?token=${encodeURIComponent(token)}`
   const library = options.library || `http${end}qwebchannel.js`
   return openRobot(overWebSocket(`ws${end}channel${query}`, library), timeout)
+}
+
+// The tab keeps the token for the page's other pages.
+function tokenOf(url: URL, isHere: boolean): string | null {
+  const token = url.searchParams.get('token')
+  try {
+    if (isHere && token) sessionStorage.setItem(TOKEN, token)
+    return token || (isHere ? sessionStorage.getItem(TOKEN) : null)
+  } catch {
+    return token // a page without storage
+  }
 }
 
 function overChannel(channel: WebChannel): Opener {

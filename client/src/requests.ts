@@ -43,7 +43,8 @@ export function createRequests(post: Post): Requests {
     for (const exchange of exchanges.slice()) {
       const isFree = !exchange.topics.some((topic) => taken.has(topic))
       exchange.topics.forEach((topic) => taken.add(topic))
-      if (isFree && !exchange.running) {
+      // Whoever gave up while another began is not there any more.
+      if (isFree && !exchange.running && exchanges.includes(exchange)) {
         exchange.running = true
         exchange.start()
       }

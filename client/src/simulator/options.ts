@@ -13,7 +13,7 @@ export type SimulatedDevice =
 
 /** How to start the simulator. */
 export interface SimulatorOptions {
-  /** The page to serve: an HTML file, or a folder with an index.html. Default: the sample page. */
+  /** The page to serve: an HTML file, or a folder with an index.html. Default: the page of a reception. */
   page?: string | URL
   /** The program. Default: what the environment variable PANOREL_SIMULATOR names, else the
    *  "panorel-simulator" on PATH. */

@@ -1,5 +1,5 @@
 /// <reference lib="esnext.disposable" preserve="true" />
-import { mkdtempSync } from 'node:fs'
+import { mkdtempSync, rmSync } from 'node:fs'
 import { tmpdir } from 'node:os'
 import { join } from 'node:path'
 import { SimulatorError } from './errors.js'
@@ -35,8 +35,7 @@ const LAST_MOMENT = 500
 export async function startSimulator(options: SimulatorOptions = {}): Promise<Simulator> {
   const program = findProgram(options.simulator)
   const folder = mkdtempSync(join(tmpdir(), 'panorel-simulator-'))
-  const environment = environmentFor(options, folder)
-  const watched = new Watched(program, argumentsFor(options, folder), environment, folder)
+  const watched = launch(program, options, folder)
   const stop = () => watched.stop(GRACE)
   try {
     const said = await watched.line(/^Serving (.*)\n/m, options.timeout ?? START_TIME)
@@ -45,6 +44,17 @@ export async function startSimulator(options: SimulatorOptions = {}): Promise<Si
     return { url: address.href, robot, stop, [Symbol.asyncDispose]: stop }
   } catch (error) {
     await stop()
+    throw error
+  }
+}
+
+// What cannot even be started leaves no folder behind.
+function launch(program: string, options: SimulatorOptions, folder: string): Watched {
+  try {
+    const environment = environmentFor(options, folder)
+    return new Watched(program, argumentsFor(options, folder), environment, folder)
+  } catch (error) {
+    rmSync(folder, { recursive: true, force: true })
     throw error
   }
 }

@@ -17,8 +17,15 @@ it('page.html finds its robot, greets, and sees the visitor leave', async () => 
 })
 
 it('page.html says that there is no robot when its address has no token', async () => {
-  // The first address leaves a cookie, which brings the page, but no robot.
+  // The first address leaves a cookie, which brings the page to another tab, but no robot.
   await desk.open()
+  await desk.page.evaluate('sessionStorage.clear()')
   await desk.page.goto(desk.simulator.url.split('?')[0] ?? '')
   await desk.page.getByText(/^no robot here/).waitFor()
+})
+
+it('page.html finds its robot again when the tab comes back without the token', async () => {
+  await desk.open()
+  await desk.page.goto(desk.simulator.url.split('?')[0] ?? '')
+  await desk.robot.waitForMessage('system.language.set')
 })
