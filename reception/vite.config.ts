@@ -49,6 +49,8 @@ export default defineConfig({
   test: {
     environment: 'happy-dom',
     include: ['test/**/*.test.ts'],
+    // Needs a simulator and browsers: vitest.browser.config.ts.
+    exclude: ['test/browser/**'],
     setupFiles: ['test/support/setup.ts'],
     restoreMocks: true,
     unstubGlobals: true,

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Tests pages in Chromium with a simulated robot: the client's runner, its shortest page, its template.
+# Tests pages with a simulated robot, in Chromium and on the robot's screen: the client's runner, its shortest
+# page, its template, and the reception.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 . "$root/scripts/common.sh"
@@ -8,14 +9,16 @@ usage() {
     cat << 'END'
 Usage: scripts/test-pages.sh [OPTION...]
 
-Installs the modules that client/ and client/template/ name, builds both, and runs their tests that need a
-simulator and a browser. Needs Node 18 or later with npm, and Chromium (Debian packages: nodejs, npm,
-chromium). Writes only below client/, to npm's cache and to a temporary folder, which it removes.
+Installs the modules that client/, client/template/ and reception/ name, builds them, and runs their tests
+that need a simulator and a browser. Needs Node 18 or later with npm, and Chromium (Debian packages: nodejs,
+npm, chromium). Writes only below client/ and reception/, to npm's cache and to a temporary folder, which it
+removes.
 
   --simulator PATH   the program to test with; default: builds the one of the preset dev
   --help             this text
 
-The environment variable CHROMIUM names another browser of that kind.
+The environment variable CHROMIUM names another browser of that kind. With PANOREL_PICTURES=FOLDER the visits
+of the reception leave pictures of its screens there.
 END
 }
 
@@ -49,6 +52,8 @@ cd template
 rm -rf node_modules/panorel-client/dist
 cp -r ../dist node_modules/panorel-client/dist
 
+# "npm run" changes the folder.
+[ -z "${PANOREL_PICTURES:-}" ] || PANOREL_PICTURES=$(absolute "$PANOREL_PICTURES")
 # Sockets in it need a short path.
 make_work_folder "${TMPDIR:-/tmp}/panorel-pages"
 export TMPDIR=$work/tmp
@@ -57,3 +62,6 @@ npm test --silent || fail "the template's first failed test above says why."
 npm run --silent test:browser || fail "the template's first failed test above says why."
 cd ..
 npm run --silent test:pages || fail "the first failed test above says why."
+install_modules "$root/reception"
+cd "$root/reception"
+npm run --silent test:browser || fail "the first failed visit above says why."

@@ -1,16 +1,10 @@
-import {
-  log,
-  type Robot,
-  say,
-  setLanguage,
-  startInteraction,
-  stopInteraction,
-} from 'panorel-client'
+import { hangUp, log, type Robot, say, setLanguage } from 'panorel-client'
 import type { App } from './app.js'
 import type { Config, Localized } from './config.js'
 import { createReturning } from './flows/returning.js'
 import type { Tools } from './flows/tools.js'
 import { createIdle, type Idle } from './idle.js'
+import { createInteraction } from './interaction.js'
 import { type Known, watchPresence } from './presence.js'
 import { createScope, type Scope } from './scope.js'
 import { type ScreenName, screens } from './screens/index.js'
@@ -51,6 +45,7 @@ export function createApp(place: HTMLElement, robot: Robot, config: Config): App
   }
   const talk = createTalk(robot, config)
   const returning = createReturning(tools)
+  const interaction = createInteraction(robot, { began: () => wake(), ended: left })
   let visit = followed(createVisit(tools))
 
   function followed(next: Visit): Visit {
@@ -102,7 +97,7 @@ export function createApp(place: HTMLElement, robot: Robot, config: Config): App
     }
     if (user) greet(user)
     returning.interrupt()
-    startInteraction(robot)
+    interaction.start()
     idle.start()
     go('greeting')
   }
@@ -126,6 +121,12 @@ export function createApp(place: HTMLElement, robot: Robot, config: Config): App
     if (screen.get() === 'greeting' || screen.get() === 'home') show()
   }
 
+  // Nobody is seen any more.
+  function left(): void {
+    if (screen.get() === 'greeting') end()
+    else if (screen.get() !== 'attract') idle.hurry()
+  }
+
   function end(): void {
     if (screen.get() === 'attract') return
     isEnding = true
@@ -135,7 +136,7 @@ export function createApp(place: HTMLElement, robot: Robot, config: Config): App
     talk.clear()
     idle.stop()
     isChoosingLanguage.set(false)
-    if (robot.state === 'connected') stopInteraction(robot)
+    interaction.stop()
     if (isAway) returning.start()
     else returning.resume()
     go('attract')
@@ -193,15 +194,8 @@ export function createApp(place: HTMLElement, robot: Robot, config: Config): App
       show()
     }),
   )
-  life.add(
-    watchPresence(robot, {
-      came: wake,
-      left() {
-        if (screen.get() === 'greeting') end()
-        else if (screen.get() !== 'attract') idle.hurry()
-      },
-    }),
-  )
+  life.add(interaction.end)
+  life.add(watchPresence(robot, { came: wake, left }))
   life.add(robot.on('operator.control.status', ({ status }) => control(status)))
   life.add(
     robot.onState((state) => {
@@ -235,6 +229,8 @@ export function createApp(place: HTMLElement, robot: Robot, config: Config): App
   }
   for (const type of ['pointerdown', 'keydown', 'input']) life.listen(document, type, touched)
   log(robot, 'info', 'The reception is ready')
+  // A page that was loaded anew has no button for the call of the one before.
+  hangUp(robot)
   speak()
   show()
   return app

@@ -1,4 +1,4 @@
-import { onFaces, onInteraction, onUser, type Robot } from 'panorel-client'
+import { onFaces, onUser, type Robot } from 'panorel-client'
 
 /** Somebody whom the robot knows. */
 export interface Known {
@@ -20,18 +20,18 @@ export function watchPresence(robot: Robot, calls: PresenceCalls) {
   let isSeen = false
   let timer: ReturnType<typeof setTimeout> | undefined
   const gone = (): void => {
-    clearTimeout(timer)
     isSeen = false
+    calls.left()
   }
   const stops = [
     onUser(robot, (user) => calls.came({ id: user.user_id, name: user.name }), calls.left),
-    onInteraction(robot, (isOn) => (isOn ? calls.came(undefined) : calls.left())),
     robot.on('dialog.user.said', ({ is_finish }) => {
       if (is_finish) calls.came(undefined)
     }),
     onFaces(robot, (faces) => {
       if (faces.length === 0) {
-        gone()
+        // The next one may be another's. Nobody has left before AWAY_TIME: a face is lost at times.
+        isSeen = false
         return
       }
       clearTimeout(timer)

@@ -70,7 +70,10 @@ export function createTalk(robot: Robot, config: Config): Talk {
     announced = { spoken: replica.text, shown: replica.screen_text || replica.text }
     const offers = replica.actions
       .split(',')
-      .map((action) => config.actions[action.trim()])
+      .map((action) => action.trim())
+      .map((action) =>
+        Object.keys(config.actions).includes(action) ? config.actions[action] : undefined,
+      )
       .filter((offer): offer is Offer => offer !== undefined)
     change({ offers })
   }

@@ -147,10 +147,19 @@ describe('the passport', () => {
       page.fake.emit('scanner.passport.state', { state })
       expect(page.title()).toBe(page.t(key))
     }
-    const data = { surname: 'MUSTERMANN', name: 'ERIKA <b>', number: 'C01X00T47', birth_date: '1' }
+    // The robot tells them by the alphabet.
+    const data = {
+      birth_date: '1',
+      name: 'ERIKA <b>',
+      nationality: 'UTO',
+      number: 'C01X00T47',
+      surname: 'MUSTERMANN',
+    }
     page.fake.emit('scanner.passport.finish', { data })
     await page.pass(0)
     expect(page.title()).toBe(page.t('passport.done', { name: 'Erika <b> Mustermann' }))
+    const order = ['surname', 'name', 'number', 'birth_date', 'nationality']
+    expect(page.all('[data-result]').map((row) => row.dataset.result)).toEqual(order)
     expect(page.one('[data-result="number"]').textContent).toContain('T47')
     expect(page.text()).not.toContain('C01X')
     // What a passport holds is never HTML.

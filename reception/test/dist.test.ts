@@ -17,7 +17,7 @@ it('is a page with one classic script and one style sheet', () => {
   // A page from a file is given neither modules nor what asks for an origin.
   expect(html).not.toMatch(/type="module"|crossorigin/)
   const addresses = [...html.matchAll(/(?:src|href)="([^"]*)"/g)].map((found) => found[1])
-  expect(addresses.sort()).toEqual(['./config.js', './reception.css', './reception.js'])
+  expect(addresses.sort()).toEqual(['./config.js', './reception.css', './reception.js', 'data:,'])
   expect(html.indexOf('config.js')).toBeLessThan(html.indexOf('reception.js'))
 })
 

@@ -97,6 +97,27 @@ describe('the attract screen', () => {
     expect(page.screen()).toBe('greeting')
   })
 
+  it('hangs up what a page before it may have left', async () => {
+    const page = await openPage()
+    expect(page.fake.sentOf('sip.control')).toEqual([{ call_stop: true }])
+  })
+
+  it('counts down when a stranger is seen no more, not for a face that is lost for a moment', async () => {
+    const page = await openPage()
+    const faces = (info: { [key: string]: typeof face }): void =>
+      page.fake.emit('face.recognize.info', { info })
+    await page.open('home')
+    faces({ a: face })
+    faces({})
+    await page.pass(1000)
+    faces({ a: face })
+    await page.pass(2500)
+    expect(page.all('[data-overlay="idle"]')).toEqual([])
+    faces({})
+    await page.pass(3500)
+    expect(page.all('[data-overlay="idle"]')).toHaveLength(1)
+  })
+
   it('learns the name of somebody who is recognised later', async () => {
     const page = await openPage()
     await page.open('home')
@@ -224,7 +245,7 @@ describe('the language', () => {
     await page.press('language')
     await page.press('language-es')
     expect(page.title()).toBe('Está hablando con Anna Berger')
-    expect(page.fake.sentOf('sip.control')).toHaveLength(1)
+    expect(page.fake.sentOf('sip.control').slice(1)).toHaveLength(1)
   })
 })
 

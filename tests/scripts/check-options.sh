@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# What fuzz.sh, memcheck.sh and test-pages.sh of scripts/ answer before they build anything: check-options.sh ROOT
+# What some of scripts/ answer before they build anything: check-options.sh ROOT
 set -euo pipefail
 scripts=$1/scripts
 
@@ -42,3 +42,6 @@ refuses --no-such-option memcheck.sh --no-such-option
 helps test-pages.sh --simulator --help
 refuses --no-such-option test-pages.sh --no-such-option
 refuses --simulator test-pages.sh --simulator
+
+helps test-reception.sh --help
+refuses --no-such-option test-reception.sh --no-such-option

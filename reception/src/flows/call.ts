@@ -89,7 +89,13 @@ export function createCall(tools: Tools): Call {
         if (news.event === 'public_call') follow(person, news.state, answered)
       }),
       robot.onState((now) => {
-        if (now !== 'connected') fail(person, 'lost')
+        if (now === 'connected') return
+        fail(person, 'lost')
+        // The line itself may have lasted.
+        const stop = robot.onState((later) => {
+          if (later === 'connected' && state.get().at === 'problem') hangUp(robot)
+          stop()
+        })
       }),
     )
     try {

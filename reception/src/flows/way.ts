@@ -129,7 +129,9 @@ export function createWay(tools: Tools): Way {
     cancel() {
       const { at } = state.get()
       leave()
-      if (robot.state === 'connected' && (at === 'moving' || at === 'starting')) pauseDrive(robot)
+      // One that was interrupted may go on all the same.
+      const isGoing = at === 'moving' || at === 'starting' || at === 'problem'
+      if (robot.state === 'connected' && isGoing) pauseDrive(robot)
       state.set({ at: 'choose' })
     },
   }

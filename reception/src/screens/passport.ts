@@ -14,6 +14,7 @@ const stageNames: { readonly [S in PassportStage]: Key } = {
   scanning: 'passport.stage.scan',
   recognizing: 'passport.stage.read',
 }
+// In the order in which they are shown; what else a passport has comes behind.
 const labels: { readonly [field: string]: Key } = {
   surname: 'passport.field.surname',
   name: 'passport.field.name',
@@ -40,10 +41,13 @@ function progress(app: App, stage: PassportStage): HTMLElement {
 }
 
 function fields(app: App, found: { readonly [name: string]: string }): HTMLElement {
+  const known = Object.keys(labels).filter((name) => found[name] !== undefined)
+  const others = Object.keys(found).filter((name) => !known.includes(name))
   return el(
     'dl',
     { class: 'fields' },
-    ...Object.entries(found).map(([name, value]) => {
+    ...[...known, ...others].map((name) => {
+      const value = found[name] || ''
       const label = labels[name]
       const shown = name === 'number' ? masked(value) : value
       return el(
