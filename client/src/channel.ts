@@ -71,13 +71,24 @@ export function overWebSocket(address: string, library: string): Opener {
       }
     })
     return {
-      ready: ready.then(() => openChannel(socket as unknown as Transport, library)),
+      ready: ready.then(() => openChannel(carriedBy(socket), library)),
       close() {
         socket.onclose = null
         socket.close()
       },
     }
   }
+}
+
+// A browser complains of words to a socket that has closed, such as those that end a subscription.
+function carriedBy(socket: WebSocket): Transport {
+  const transport: Transport = {
+    send(text) {
+      if (socket.readyState === 1) socket.send(text)
+    },
+  }
+  socket.onmessage = (event) => transport.onmessage?.(event)
+  return transport
 }
 
 /** The page's global object; an empty one where there is no page. */

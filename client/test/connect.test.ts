@@ -12,6 +12,9 @@ class Socket {
   onclose: ((event: { code: number; reason: string }) => void) | null = null
   onmessage: ((event: { data: string }) => void) | null = null
   isClosed = false
+  get readyState() {
+    return this.isClosed ? 3 : 1
+  }
   constructor(readonly url: string) {
     Socket.all.push(this)
   }
@@ -20,6 +23,7 @@ class Socket {
     this.isClosed = true
   }
   lose(code = 1006, reason = '') {
+    this.isClosed = true
     this.onclose?.({ code, reason })
   }
   async accept() {
@@ -250,6 +254,16 @@ describe('a lost connection', () => {
     await vi.advanceTimersByTimeAsync(250)
     expect(Socket.all.length).toBe(11)
     robot.close()
+  })
+
+  it('says nothing to a socket that has closed', async () => {
+    await overSocket()
+    const [socket] = Socket.all
+    const send = vi.fn()
+    Object.assign(socket ?? {}, { send })
+    socket?.lose()
+    await settled()
+    expect(send).not.toHaveBeenCalled()
   })
 
   it('an attempt that hangs makes room for the next', async () => {
