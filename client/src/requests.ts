@@ -65,11 +65,13 @@ export function createRequests(post: Post): Requests {
       const replies: Told[] = []
       let isSettled = false
       let isReturned = false
+      let isOwed = false
       let timer: ReturnType<typeof setTimeout> | undefined
       let delay: ReturnType<typeof setTimeout> | undefined
 
       // The robot may still answer what the page no longer waits for: the next in turn waits until
-      // it has dealt with this one or, at the worst, once more as long.
+      // it has dealt with this one, and where its answer comes later, until that has come; at the
+      // worst once more as long.
       function settle(act: () => void): void {
         if (isSettled) return
         isSettled = true
@@ -77,8 +79,14 @@ export function createRequests(post: Post): Requests {
         clearTimeout(delay)
         signal?.removeEventListener('abort', abort)
         act()
-        if (!exchange.running || isReturned) leave(exchange)
-        else timer = setTimeout(returned, Math.min(timeout, LONGEST))
+        if (!exchange.running || (isReturned && !isOwed)) leave(exchange)
+        else timer = setTimeout(release, Math.min(timeout, isReturned ? DEFAULT_TIMEOUT : LONGEST))
+      }
+
+      function release(): void {
+        clearTimeout(timer)
+        isReturned = true
+        leave(exchange)
       }
 
       function finish(reply: Told): void {
@@ -89,16 +97,21 @@ export function createRequests(post: Post): Requests {
         settle(() => reject(error))
       }
 
+      // Who says by `until` what ends the request is owed nothing: any reply may be the next one's.
+      function giveUp(error: unknown): void {
+        isOwed = !until && !isDirect
+        fail(error)
+      }
+
       function abort(): void {
-        fail(new PanorelError('aborted', `${topic}: given up`))
+        giveUp(new PanorelError('aborted', `${topic}: given up`))
       }
 
       function returned(): void {
         if (isReturned) return
         isReturned = true
         if (isSettled) {
-          clearTimeout(timer)
-          leave(exchange)
+          if (!isOwed) release()
         } else if (isDirect) {
           const answer = replies.find((reply) => !interim.includes(reply.topic))
           finish(answer || { topic: 'none', attributes: {} })
@@ -111,7 +124,7 @@ export function createRequests(post: Post): Requests {
         start() {
           if (timeout <= LONGEST) {
             timer = setTimeout(() => {
-              fail(new TimeoutError(`${topic}: no answer within ${timeout} ms`))
+              giveUp(new TimeoutError(`${topic}: no answer within ${timeout} ms`))
             }, timeout)
           }
           try {
@@ -123,7 +136,11 @@ export function createRequests(post: Post): Requests {
           }
         },
         heard(reply) {
-          if (isSettled || !exchange.topics.includes(reply.topic)) return
+          if (!exchange.topics.includes(reply.topic)) return
+          if (isSettled) {
+            if (isOwed && !interim.includes(reply.topic)) release()
+            return
+          }
           replies.push(reply)
           if (!until) {
             if (!isDirect && !interim.includes(reply.topic)) finish(reply)

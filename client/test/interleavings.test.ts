@@ -123,13 +123,7 @@ async function run(seed: number): Promise<string[]> {
     const mine = mark++
     const giveUp = new AbortController()
     if (roll(6) === 0) setTimeout(() => giveUp.abort(), roll(TIMEOUT))
-    // A reply of a later kind that comes only after its caller has gone may well be another's, so
-    // their callers here never go.
-    // A reply of a later kind that comes when its caller has gone may well be the next one's, so these
-    // callers never go.
-    const options = LATER.includes(topic)
-      ? { timeout: Number.POSITIVE_INFINITY }
-      : { timeout: TIMEOUT, signal: giveUp.signal }
+    const options = { timeout: TIMEOUT, signal: giveUp.signal }
     robot.request(topic as 'printer.print', attributes(mine), options).then(
       (result) => {
         const { topic: end, attributes: told } = result as unknown as {

@@ -210,6 +210,8 @@ describe('a time limit', () => {
       name: 'TimeoutError',
       message: 'mail.sender.request: no answer within 500 ms',
     })
+    // Its place is kept for its late answer, no longer than once more as long.
+    await vi.advanceTimersByTimeAsync(500)
     expect(vi.getTimerCount()).toBe(0)
   })
 
@@ -250,6 +252,72 @@ describe('a time limit', () => {
   })
 })
 
+describe('an answer that comes when its request has been given up', () => {
+  async function late(timeout: number) {
+    vi.useFakeTimers()
+    const { fake, robot } = await connected()
+    fake.answer('mail.sender.request')
+    const lost = failure(
+      robot.request('mail.sender.request', { email: 'a' }, { timeout }),
+      'timeout',
+    )
+    await vi.advanceTimersByTimeAsync(timeout)
+    await lost
+    const next = robot.request('mail.sender.request', { email: 'b' }, { timeout: 5000 })
+    await settled()
+    return { fake, robot, next, sent: () => fake.sentOf('mail.sender.request').length }
+  }
+
+  it('does not reach the next one, which is sent then', async () => {
+    const { fake, next, sent } = await late(500)
+    expect(sent()).toBe(1)
+    fake.emit('mail.sender.response', { status: 'failed', error_code: 1 } as never)
+    expect(sent()).toBe(2)
+    fake.emit('mail.sender.response', { status: 'success' })
+    expect((await next).attributes).toEqual({ status: 'success' })
+  })
+
+  it.each([
+    [500, 500],
+    [60000, 10000],
+  ])('of %d ms keeps the next one waiting for at most %d', async (timeout, most) => {
+    const { fake, next, sent } = await late(timeout)
+    await vi.advanceTimersByTimeAsync(most - 1)
+    expect(sent()).toBe(1)
+    await vi.advanceTimersByTimeAsync(1)
+    expect(sent()).toBe(2)
+    fake.emit('mail.sender.response', { status: 'success' })
+    await next
+    expect(vi.getTimerCount()).toBe(0)
+  })
+
+  it('is not waited for where the page says by until what ends the request', async () => {
+    vi.useFakeTimers()
+    const { fake, robot } = await connected()
+    fake.answer('dialog.say')
+    const say = (text: string) =>
+      robot.request('dialog.say', { text }, { timeout: 500, until: () => true })
+    const lost = failure(say('a'), 'timeout')
+    await vi.advanceTimersByTimeAsync(500)
+    await lost
+    const next = say('b')
+    await settled()
+    expect(fake.sentOf('dialog.say').length).toBe(2)
+    fake.emit('dialog.robot.replic.finish')
+    await next
+  })
+
+  it('is not waited for when the connection breaks', async () => {
+    const { fake, robot, next, sent } = await late(500)
+    const error = failure(next, 'disconnected')
+    fake.lose()
+    await error
+    expect(sent()).toBe(1)
+    robot.close()
+    expect(vi.getTimerCount()).toBe(0)
+  })
+})
+
 describe('an AbortSignal', () => {
   it('that is aborted already sends nothing', async () => {
     const { fake, robot } = await connected()
@@ -280,6 +348,7 @@ describe('an AbortSignal', () => {
     controllers[0]?.abort()
     await errors[0]
     expect(fake.sentOf('mail.sender.request')).toEqual([{ email: '0' }])
+    fake.emit('mail.sender.response', { status: 'success' })
     expect(vi.getTimerCount()).toBe(0)
   })
 

@@ -638,7 +638,7 @@ void PageServerTest::namesItsAddress()
     QFETCH(QString, page);
     QTcpServer trial;
     if (!trial.listen(QHostAddress(listen)))
-        QSKIP("this machine has no such address");
+        QSKIP("This machine has no IPv6, so nothing can listen at ::1.");
     m_settings.address = QHostAddress(listen);
     m_settings.page = page;
     start();
